@@ -1,0 +1,11 @@
+#ifndef QVIMAGE_QVIMAGE_H
+#define QVIMAGE_QVIMAGE_H
+
+/* Everything a C client of the library needs: services, image and data primitives, records. */
+
+#include "ippcore.h"
+#include "ippi.h"
+#include "ipps.h"
+#include "QVILTypes.h"
+
+#endif
