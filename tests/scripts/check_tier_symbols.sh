@@ -9,13 +9,13 @@ status=0
 weak=$(nm -C --defined-only "$@" | awk '$2 ~ /^[WVu]$/ { $1=""; $2=""; sub(/^  /, ""); print }' | sort -u)
 outside=$(printf '%s\n' "$weak" | grep -v -E "^(${tier}::|$)" || true)
 if [ -n "$outside" ]; then
-  echo "weak symbols outside namespace ${tier}:"; printf '  %s\n' $outside; status=1
+  echo "weak symbols outside namespace ${tier}:"; printf '%s\n' "$outside" | sed 's/^/  /'; status=1
 fi
 undefined=$(nm -u "$@" | awk '{ print $2 }' | sort -u)
 stubs=$(comm -12 <(printf '%s\n' "$undefined") <(sort -u "$exported") || true)
 if [ -n "$stubs" ]; then
-  echo "tier ${tier} calls exported stubs instead of its own kernels:"; printf '  %s\n' $stubs; status=1
+  echo "tier ${tier} calls exported stubs instead of its own kernels:"; printf '%s\n' "$stubs" | sed 's/^/  /'; status=1
 fi
 count=$(printf '%s\n' "$weak" | grep -c . || true)
-echo "tier ${tier}: $# objects, ${count} weak symbols, all inside ${tier}::"
+[ "$status" -eq 0 ] && echo "tier ${tier}: $# objects, ${count} weak symbols, all inside ${tier}::, no stub called"
 exit $status
