@@ -17,8 +17,8 @@ IppStatus copyRegion(const void* src, int srcStep, void* dst, int dstStep, IppiS
 
 // Single pixels until the destination is aligned to 4, then 8 pixels a round as two 32-bit
 // stores, then the rest singly.
-void owniCopy8u_C4C1_M7(const Ipp8u* src, Ipp8u* dst, int width) {
-  int x = 0;
+void owniCopy8u_C4C1_M7(const Ipp8u* src, Ipp8u* dst, size_t width) {
+  size_t x = 0;
   for (; x < width && !isAligned(dst + x, 4); ++x) dst[x] = src[4 * x];
   for (; x + 8 <= width; x += 8) {
     const Ipp8u* s = src + 4 * x;
@@ -46,10 +46,12 @@ IppStatus ippiCopy_16u_C4R(const Ipp16u* pSrc, int srcStep, Ipp16u* pDst, int ds
 IppStatus ippiCopy_8u_C4C1R(const Ipp8u* pSrc, int srcStep, Ipp8u* pDst, int dstStep, IppiSize roiSize) {
   if (pSrc == nullptr || pDst == nullptr) return ippStsNullPtrErr;
   if (roiSize.width < 1 || roiSize.height < 1) return ippStsSizeErr;
-  int width = roiSize.width;
+  size_t width = static_cast<size_t>(roiSize.width);
   int height = roiSize.height;
-  if (srcStep == 4 * dstStep && dstStep == width) {
-    width *= height;
+  // 32-bit arithmetic as the steps are given: a step that wraps simply does not match.
+  const int fourDstSteps = static_cast<int>(4u * static_cast<unsigned>(dstStep));
+  if (srcStep == fourDstSteps && dstStep == roiSize.width) {
+    width *= static_cast<size_t>(height);
     height = 1;
   }
   for (int r = 0; r < height; ++r) owniCopy8u_C4C1_M7(rowAt(pSrc, srcStep, r), rowAt(pDst, dstStep, r), width);
