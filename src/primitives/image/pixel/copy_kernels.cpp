@@ -24,6 +24,24 @@ QV_INLINE void storeBlock(Ipp8u* p, __m128i v) { _mm_storeu_si128(reinterpret_ca
 QV_INLINE void storeAlignedBlock(Ipp8u* p, __m128i v) { _mm_store_si128(reinterpret_cast<__m128i*>(p), v); }
 QV_INLINE void streamBlock(Ipp8u* p, __m128i v) { _mm_stream_si128(reinterpret_cast<__m128i*>(p), v); }
 
+// Copies the 16-, 8- and 4-byte blocks that the bits of length name, from offset done on, and
+// answers the offset after them.
+QV_INLINE size_t copyBlocks16To4(const Ipp8u* src, Ipp8u* dst, size_t length, size_t done) {
+  if (length & 16) {
+    storeBlock(dst + done, loadBlock(src + done));
+    done += 16;
+  }
+  if (length & 8) {
+    store64(dst + done, load64(src + done));
+    done += 8;
+  }
+  if (length & 4) {
+    store32(dst + done, load32(src + done));
+    done += 4;
+  }
+  return done;
+}
+
 // 64 bytes from src to a 16-aligned dst; SourceAligned picks aligned loads.
 template <bool SourceAligned, bool Streaming>
 QV_INLINE void copy64(const Ipp8u* src, Ipp8u* dst) {
@@ -228,18 +246,7 @@ void copyTailByHalves(const Ipp8u* src, Ipp8u* dst, size_t length) {
     store32Block(dst, load32Block(src));
     done += 32;
   }
-  if (length & 16) {
-    storeBlock(dst + done, loadBlock(src + done));
-    done += 16;
-  }
-  if (length & 8) {
-    store64(dst + done, load64(src + done));
-    done += 8;
-  }
-  if (length & 4) {
-    store32(dst + done, load32(src + done));
-    done += 4;
-  }
+  done = copyBlocks16To4(src, dst, length, done);
   if (length & 2) {
     store16(dst + done, load16(src + done));
     done += 2;
@@ -288,18 +295,7 @@ void owniCopySmallRow(const Ipp8u* src, Ipp8u* dst, size_t length) {
     storeBlock(dst + 16, b);
     done = 32;
   }
-  if (length & 16) {
-    storeBlock(dst + done, loadBlock(src + done));
-    done += 16;
-  }
-  if (length & 8) {
-    store64(dst + done, load64(src + done));
-    done += 8;
-  }
-  if (length & 4) {
-    store32(dst + done, load32(src + done));
-    done += 4;
-  }
+  done = copyBlocks16To4(src, dst, length, done);
   for (size_t end = length; end > done; --end) dst[end - 1] = src[end - 1];
 }
 
