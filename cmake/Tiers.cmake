@@ -17,7 +17,9 @@ function(qvimage_add_tier_objects prefix)
     set(target ${prefix}_${tier})
     add_library(${target} OBJECT ${ARGN})
     target_compile_definitions(${target} PRIVATE QV_TIER=${tier} QV_TIER_LEVEL=${QVIMAGE_TIER_LEVEL_${tier}})
-    target_compile_options(${target} PRIVATE ${QVIMAGE_TIER_FLAGS_${tier}})
+    # Kernels never throw: without exception tables no personality reference (a weak symbol shared
+    # by every tier) is emitted.
+    target_compile_options(${target} PRIVATE ${QVIMAGE_TIER_FLAGS_${tier}} -fno-exceptions)
     target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src)
     set_property(GLOBAL APPEND PROPERTY QVIMAGE_TIER_OBJECT_LIBS ${target})
   endforeach()
