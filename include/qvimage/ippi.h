@@ -3,9 +3,9 @@
 
 /* Image primitives, one header per family. */
 
-#include "ippi_copy.h"
 #include "ippi_arith.h"
 #include "ippi_compose.h"
+#include "ippi_copy.h"
 #include "ippi_geometry.h"
 #include "ippi_region.h"
 

@@ -17,8 +17,8 @@ QV_API IppStatus ippiSet_8u_C1R(Ipp8u value, Ipp8u* pDst, int dstStep, IppiSize 
 QV_API IppStatus ippiSet_8u_C4R(const Ipp8u value[4], Ipp8u* pDst, int dstStep, IppiSize roiSize);
 
 /* Destination channel c takes source channel dstOrder[c], c = 0..2; channel 3 is left alone. */
-QV_API IppStatus ippiSwapChannels_8u_AC4R(const Ipp8u* pSrc, int srcStep, Ipp8u* pDst, int dstStep,
-                                          IppiSize roiSize, const int dstOrder[3]);
+QV_API IppStatus ippiSwapChannels_8u_AC4R(const Ipp8u* pSrc, int srcStep, Ipp8u* pDst, int dstStep, IppiSize roiSize,
+                                          const int dstOrder[3]);
 /* In place: channel c becomes the old channel dstOrder[c], c = 0..3. */
 QV_API IppStatus ippiSwapChannels_8u_C4IR(Ipp8u* pSrcDst, int srcDstStep, IppiSize roiSize, const int dstOrder[4]);
 

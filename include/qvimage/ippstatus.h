@@ -5,6 +5,7 @@
    "name: ". Rows are sorted by code. QV_STATUS_ROWS(X) calls X(name, code, sentence) for each
    named row; the enumeration below and the text table of the library are both built from it. */
 
+/* clang-format off */
 #define QV_STATUS_ROWS(X) \
   X(ippStsNotSupportedModeErr, -9999, "Not supported mode error.") \
   X(ippStsCpuNotSupportedErr, -9998, "Cpu not supported error.") \
@@ -276,6 +277,8 @@
   X(ippStsNoAntialiasing, 46, "Warning: no antialiasing.") \
   X(ippStsRepetitiveSrcData, 47, "Warning: repetitive source data.") \
   X(ippStsSizeWrn, 48, "Warning: size warning.")
+
+/* clang-format on */
 
 typedef int IppStatus;
 

@@ -3,9 +3,9 @@
 
 /* Everything a C client of the library needs: services, image and data primitives, records. */
 
+#include "QVILTypes.h"
 #include "ippcore.h"
 #include "ippi.h"
 #include "ipps.h"
-#include "QVILTypes.h"
 
 #endif

@@ -19,7 +19,8 @@ IppStatus copyRows(const vImage_Buffer* src, const vImage_Buffer* dest, uint64_t
   const auto* from = qv::frame::pixelsOf<const Ipp8u>(src) + static_cast<intptr_t>(firstRow) * srcStep;
   auto* to = qv::frame::pixelsOf<Ipp8u>(dest) + static_cast<intptr_t>(firstRow) * dstStep;
   if (bitsPerChannel == 8) return ippiCopy_8u_C4R(from, srcStep, to, dstStep, region);
-  return ippiCopy_16u_C4R(reinterpret_cast<const Ipp16u*>(from), srcStep, reinterpret_cast<Ipp16u*>(to), dstStep, region);
+  return ippiCopy_16u_C4R(reinterpret_cast<const Ipp16u*>(from), srcStep, reinterpret_cast<Ipp16u*>(to), dstStep,
+                          region);
 }
 
 }  // namespace

@@ -11,7 +11,8 @@
 namespace qv::frame {
 
 inline IppiSize regionOf(const vImage_Buffer* buffer) {
-  return {static_cast<int>(static_cast<uint32_t>(buffer->width)), static_cast<int>(static_cast<uint32_t>(buffer->height))};
+  return {static_cast<int>(static_cast<uint32_t>(buffer->width)),
+          static_cast<int>(static_cast<uint32_t>(buffer->height))};
 }
 
 inline int stepOf(const vImage_Buffer* buffer) { return static_cast<int>(static_cast<uint32_t>(buffer->rowBytes)); }

@@ -12,9 +12,9 @@
 namespace qv::frame {
 
 struct StripPlan {
-  uint32_t count;       // strips
-  uint32_t rows;        // rows of each strip but the last
-  uint32_t lastRows;    // rows of the last strip: rows plus the whole remainder
+  uint32_t count;     // strips
+  uint32_t rows;      // rows of each strip but the last
+  uint32_t lastRows;  // rows of the last strip: rows plus the whole remainder
 };
 
 inline uint32_t optionMode(uint32_t options) { return options & 0xFFFF; }

@@ -10,14 +10,14 @@
   decltype(::name) name;                     \
   }
 
-#define QV_JUMP_TABLE(name)                                                                        \
-  QV_TIER_COPY_DECLARATION(m7, name)                                                               \
-  QV_TIER_COPY_DECLARATION(u8, name)                                                               \
-  QV_TIER_COPY_DECLARATION(y8, name)                                                               \
-  QV_TIER_COPY_DECLARATION(e9, name)                                                               \
-  extern "C" __attribute__((visibility("hidden"))) const void* const name##_arraddr[5] = {         \
-      reinterpret_cast<const void*>(&m7::name), reinterpret_cast<const void*>(&m7::name),          \
-      reinterpret_cast<const void*>(&u8::name), reinterpret_cast<const void*>(&y8::name),          \
+#define QV_JUMP_TABLE(name)                                                                \
+  QV_TIER_COPY_DECLARATION(m7, name)                                                       \
+  QV_TIER_COPY_DECLARATION(u8, name)                                                       \
+  QV_TIER_COPY_DECLARATION(y8, name)                                                       \
+  QV_TIER_COPY_DECLARATION(e9, name)                                                       \
+  extern "C" __attribute__((visibility("hidden"))) const void* const name##_arraddr[5] = { \
+      reinterpret_cast<const void*>(&m7::name), reinterpret_cast<const void*>(&m7::name),  \
+      reinterpret_cast<const void*>(&u8::name), reinterpret_cast<const void*>(&y8::name),  \
       reinterpret_cast<const void*>(&e9::name)};
 
 #endif

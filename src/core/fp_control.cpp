@@ -70,7 +70,8 @@ QV_API unsigned int ipp_clear87(void) {
 // Rounding control is bits 10-11 of the x87 control word, precision control bits 8-9.
 QV_API void ipp_set_rcpc_fpu(unsigned int roundingMode, unsigned int precision) {
   const unsigned short word = readX87Control();
-  writeX87Control(static_cast<unsigned short>((word & ~0x0F00u) | ((roundingMode & 3u) << 10) | ((precision & 3u) << 8)));
+  writeX87Control(
+      static_cast<unsigned short>((word & ~0x0F00u) | ((roundingMode & 3u) << 10) | ((precision & 3u) << 8)));
 }
 
 QV_API void ipp_set_cw_fpu(unsigned int controlWord) { writeX87Control(static_cast<unsigned short>(controlWord)); }

@@ -39,19 +39,30 @@ TierChoice chooseFromFeatures(Ipp64u f, IppStatus* status) {
 
 enum class Forced { Tier, KeepAndRecord, Mismatch };
 
-// The processor codes that ippInitCpu accepts.
+struct ForcedRow {
+  int code;
+  TierChoice choice;
+};
+
+// The processor codes that force a tier.
+constexpr ForcedRow kForcedRows[] = {
+    {0x00, {1, 0, 0xF}},   {0x20, {1, 0, 0xF}},   {0x42, {1, 0, 0xF}},   {0x21, {2, 0, 0x1F}},
+    {0x22, {2, 0, 0x1F}},  {0x43, {2, 0, 0x1F}},  {0x24, {2, 1, 0x1F}},  {0x23, {3, 0, 0x5F}},
+    {0x44, {3, 0, 0x5F}},  {0x25, {3, 0, 0xDF}},  {0x45, {3, 0, 0xDF}},  {0x26, {3, 0, 0xCDF}},
+    {0x47, {3, 0, 0xCDF}}, {0x46, {4, 0, 0xFDF}}, {0x49, {4, 0, 0xFDF}}, {0x4A, {4, 0, 0xFDF}},
+};
+
+// Codes that are known but select nothing: the tier stays and the mask is recorded.
+bool keepsTheTier(int cpu) { return (cpu >= 0x01 && cpu <= 0x0B) || cpu == 0x40 || cpu == 0x41 || cpu == 0x60; }
+
 Forced forcedChoice(int cpu, TierChoice* choice) {
-  switch (cpu) {
-    case 0x00: case 0x20: case 0x42: *choice = {1, 0, 0xF}; return Forced::Tier;
-    case 0x21: case 0x22: case 0x43: *choice = {2, 0, 0x1F}; return Forced::Tier;
-    case 0x24: *choice = {2, 1, 0x1F}; return Forced::Tier;
-    case 0x23: case 0x44: *choice = {3, 0, 0x5F}; return Forced::Tier;
-    case 0x25: case 0x45: *choice = {3, 0, 0xDF}; return Forced::Tier;
-    case 0x26: case 0x47: *choice = {3, 0, 0xCDF}; return Forced::Tier;
-    case 0x46: case 0x49: case 0x4A: *choice = {4, 0, 0xFDF}; return Forced::Tier;
-    case 0x40: case 0x41: case 0x60: return Forced::KeepAndRecord;
-    default: return (cpu >= 0x01 && cpu <= 0x0B) ? Forced::KeepAndRecord : Forced::Mismatch;
+  for (const ForcedRow& row : kForcedRows) {
+    if (row.code == cpu) {
+      *choice = row.choice;
+      return Forced::Tier;
+    }
   }
+  return keepsTheTier(cpu) ? Forced::KeepAndRecord : Forced::Mismatch;
 }
 
 }  // namespace

@@ -11,11 +11,11 @@
 #include "support/tiers.h"
 
 // The tiers' own allocators, declared as each tier declares them.
-#define QV_TEST_TIER_ALLOCATORS(tier)   \
-  namespace tier {                      \
-  Ipp16s* ippsMalloc_16s(int len);      \
-  Ipp32s* ippsMalloc_32s(int len);      \
-  Ipp32f* ippsMalloc_32f(int len);      \
+#define QV_TEST_TIER_ALLOCATORS(tier) \
+  namespace tier {                    \
+  Ipp16s* ippsMalloc_16s(int len);    \
+  Ipp32s* ippsMalloc_32s(int len);    \
+  Ipp32f* ippsMalloc_32f(int len);    \
   }
 QV_TEST_TIER_ALLOCATORS(m7)
 QV_TEST_TIER_ALLOCATORS(u8)

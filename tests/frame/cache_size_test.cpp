@@ -20,11 +20,11 @@ TEST(CacheSize, NullPointer) { EXPECT_EQ(ippGetMaxCacheSizeB(nullptr), ippStsNul
 
 TEST(CacheSize, Leaf4KeepsTheLargestDataOrUnifiedCache) {
   PlaybackProcessor cpu("GenuineIntel", 11);
-  cpu.answer(4, 0, cacheLeaf(1, 64, 1, 8, 64))          // 32 KiB data
-      .answer(4, 1, cacheLeaf(2, 64, 1, 64, 1024))     // 4 MiB instruction: skipped
-      .answer(4, 2, cacheLeaf(3, 64, 1, 16, 1024))     // 1 MiB unified
-      .answer(4, 3, cacheLeaf(3, 64, 2, 12, 8192))     // 12 MiB unified
-      .answer(4, 5, cacheLeaf(3, 64, 1, 64, 65536));   // after the type-0 end: never read
+  cpu.answer(4, 0, cacheLeaf(1, 64, 1, 8, 64))        // 32 KiB data
+      .answer(4, 1, cacheLeaf(2, 64, 1, 64, 1024))    // 4 MiB instruction: skipped
+      .answer(4, 2, cacheLeaf(3, 64, 1, 16, 1024))    // 1 MiB unified
+      .answer(4, 3, cacheLeaf(3, 64, 2, 12, 8192))    // 12 MiB unified
+      .answer(4, 5, cacheLeaf(3, 64, 1, 64, 65536));  // after the type-0 end: never read
   int size = 0;
   EXPECT_EQ(ippGetMaxCacheSizeB(&size), ippStsNoErr);
   EXPECT_EQ(size, 64 * 2 * 12 * 8192);

@@ -46,7 +46,8 @@ TEST(SharedInternal, Facts) {
   EXPECT_EQ(QVILSharedInternal::numberOfChannelsPerPixel(), 4u);
   EXPECT_EQ(QVILSharedInternal::minimalDimensionsToUseMultithreading(), 500);
   EXPECT_EQ(QVILSharedInternal::bitmapInfoForBitsPerChannel(16), 0x1001u);
-  for (uint32_t bits : {8u, 32u, 0u, 15u, 17u}) EXPECT_EQ(QVILSharedInternal::bitmapInfoForBitsPerChannel(bits), 0x2002u);
+  for (uint32_t bits : {8u, 32u, 0u, 15u, 17u})
+    EXPECT_EQ(QVILSharedInternal::bitmapInfoForBitsPerChannel(bits), 0x2002u);
   EXPECT_TRUE(QVILSharedInternal::isMavericksOrLater());
 }
 
@@ -105,7 +106,8 @@ TEST(LogHandler, DefaultSinkWritesAPrefixedLineToStandardError) {
   QVILConversion::sharedInstance()->imageLibCopyRGBA(&buffer, &buffer, 0, 3);
   const std::string line = testing::internal::GetCapturedStderr();
   // "YYYY-MM-DD HH:MM:SS.mmm program[pid:tid] message"
-  EXPECT_TRUE(std::regex_search(line, std::regex(R"(^\d{4}-\d{2}-\d{2} \d{2}:\d{2}:\d{2}\.\d{3} \S+\[\d+:\d+\] Error: )")))
+  EXPECT_TRUE(
+      std::regex_search(line, std::regex(R"(^\d{4}-\d{2}-\d{2} \d{2}:\d{2}:\d{2}\.\d{3} \S+\[\d+:\d+\] Error: )")))
       << line;
   EXPECT_NE(line.find("unsupported bits per chanel: 3\n"), std::string::npos) << line;
 }

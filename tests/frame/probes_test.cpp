@@ -14,8 +14,9 @@ using qvtest::PlaybackProcessor;
 
 TEST(Probes, EachReadsItsBit) {
   PlaybackProcessor cpu("GenuineIntel", 11);
-  cpu.answer(1, 0, {0, 0x00020000, (1u << 0) | (1u << 9) | (1u << 19) | (1u << 20) | (1u << 22),
-                    (1u << 4) | (1u << 23) | (1u << 25) | (1u << 26) | (1u << 28)})
+  cpu.answer(1, 0,
+             {0, 0x00020000, (1u << 0) | (1u << 9) | (1u << 19) | (1u << 20) | (1u << 22),
+              (1u << 4) | (1u << 23) | (1u << 25) | (1u << 26) | (1u << 28)})
       .answer(4, 0, {7u << 26, 0, 0, 0})
       .answer(0x80000000, 0, {0x80000008, 0, 0, 0})
       .answer(0x80000001, 0, {0, 0, 0, 1u << 29});
@@ -41,7 +42,7 @@ TEST(Probes, AbsentBitsAnswerZero) {
   PlaybackProcessor cpu("AuthenticAMD", 3);
   cpu.answer(1, 0, {0, 0x00010000, 0, 1u << 28}).answer(4, 0, {7u << 26, 0, 0, 0});
   EXPECT_EQ(ipp_has_rdtsc(), 0);
-  EXPECT_EQ(ipp_is_htt_extension(), 0);  // one logical processor: EBX bits 16-23 not above 1
+  EXPECT_EQ(ipp_is_htt_extension(), 0);    // one logical processor: EBX bits 16-23 not above 1
   EXPECT_EQ(ipp_is_em64t_extension(), 0);  // leaf 0x80000001 absent
   EXPECT_EQ(ipp_is_GenuineIntel(), 0);
   EXPECT_EQ(ipp_get_cores_on_die(), 1);  // leaf 0 below 4
@@ -65,8 +66,9 @@ TEST(Probes, ProcessorRecordFieldsInOrder) {
   PlaybackProcessor cpu("GenuineIntel", 4);
   // family 6, model 0xA, stepping 9, EAX bits 11-12 = 2, extended model 3, extended family 0x12
   const uint32_t eax = 0x9 | (0xA << 4) | (0x6 << 8) | (2u << 11) | (3u << 16) | (0x12u << 20);
-  cpu.answer(1, 0, {eax, 0x00040000, (1u << 0) | (1u << 9) | (1u << 19) | (1u << 22) | (1u << 27) | (1u << 28),
-                    (1u << 23) | (1u << 26) | (1u << 28)})
+  cpu.answer(1, 0,
+             {eax, 0x00040000, (1u << 0) | (1u << 9) | (1u << 19) | (1u << 22) | (1u << 27) | (1u << 28),
+              (1u << 23) | (1u << 26) | (1u << 28)})
       .answer(2, 0, {0x11223301, 0, 0, 0x44556677})
       .answer(4, 0, {3u << 26, 0, 0, 0});
   int ident[23];

@@ -287,8 +287,8 @@ TEST_P(UnsupportedCodes, Answer36KeepTheTierAndRecordTheMask) {
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryCode, UnsupportedCodes,
-                         ::testing::Values(0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08, 0x09, 0x0A, 0x0B, 0x40,
-                                           0x41, 0x60));
+                         ::testing::Values(0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08, 0x09, 0x0A, 0x0B, 0x40, 0x41,
+                                           0x60));
 
 class MismatchedCodes : public TierSelection, public ::testing::WithParamInterface<int> {};
 

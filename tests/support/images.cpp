@@ -38,8 +38,8 @@ std::vector<uint8_t> TestImage::pixels() const {
 bool TestImage::surroundingsIntact() const {
   for (size_t i = 0; i < storage_.size(); ++i) {
     const ptrdiff_t relative = static_cast<ptrdiff_t>(i) - static_cast<ptrdiff_t>(firstOffset_);
-    const bool inPixels = relative >= 0 && relative < static_cast<ptrdiff_t>(step_) * height_ &&
-                          relative % step_ < rowBytes();
+    const bool inPixels =
+        relative >= 0 && relative < static_cast<ptrdiff_t>(step_) * height_ && relative % step_ < rowBytes();
     if (!inPixels && storage_[i] != kCanary) return false;
   }
   return true;

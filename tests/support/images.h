@@ -30,7 +30,9 @@ class TestImage {
   uint8_t* row(int y) { return first_ + static_cast<ptrdiff_t>(y) * step_; }
   const uint8_t* row(int y) const { return first_ + static_cast<ptrdiff_t>(y) * step_; }
   IppiSize size() const { return {width_, height_}; }
-  vImage_Buffer buffer() { return {first_, static_cast<size_t>(height_), static_cast<size_t>(width_), static_cast<size_t>(step_)}; }
+  vImage_Buffer buffer() {
+    return {first_, static_cast<size_t>(height_), static_cast<size_t>(width_), static_cast<size_t>(step_)};
+  }
 
   // Random pixel bytes from the seed; padding and surroundings keep the canary.
   void fillRandom(uint32_t seed);

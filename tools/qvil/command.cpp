@@ -60,7 +60,8 @@ Arguments::Arguments(const std::vector<std::string>& words, const std::vector<st
 
 void Arguments::expectPositional(size_t count) const {
   if (positional_.size() != count)
-    throw UsageError("expected " + std::to_string(count) + " file argument(s), got " + std::to_string(positional_.size()));
+    throw UsageError("expected " + std::to_string(count) + " file argument(s), got " +
+                     std::to_string(positional_.size()));
 }
 
 bool Arguments::flag(const std::string& name) const {
@@ -83,7 +84,8 @@ double Arguments::real(const std::string& name, double fallback) const {
   if (found == options_.end()) return fallback;
   char* end = nullptr;
   const double value = std::strtod(found->second.c_str(), &end);
-  if (found->second.empty() || *end != '\0') throw UsageError("--" + name + " must be a number, not '" + found->second + "'");
+  if (found->second.empty() || *end != '\0')
+    throw UsageError("--" + name + " must be a number, not '" + found->second + "'");
   return value;
 }
 

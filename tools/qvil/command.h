@@ -44,8 +44,8 @@ class Arguments {
 struct Command {
   const char* name;
   const char* summary;
-  const char* usage;                // lines after "usage: qvil "
-  std::vector<std::string> flags;   // options that take no value
+  const char* usage;               // lines after "usage: qvil "
+  std::vector<std::string> flags;  // options that take no value
   int (*run)(const Arguments& arguments);
 };
 

@@ -36,7 +36,8 @@ void writePam(const std::string& path, const Image& image) {
   std::vector<uint8_t> samples(image.pixels);
   if (image.bitsPerChannel == 16)
     for (size_t i = 0; i + 1 < samples.size(); i += 2) std::swap(samples[i], samples[i + 1]);
-  if (fwrite(samples.data(), 1, samples.size(), file.get()) != samples.size()) throw RunError("cannot write '" + path + "'");
+  if (fwrite(samples.data(), 1, samples.size(), file.get()) != samples.size())
+    throw RunError("cannot write '" + path + "'");
 }
 
 bool readPamHeaderWord(FILE* file, std::string* word) {
@@ -116,7 +117,8 @@ vImage_Buffer Image::buffer() {
 Image readImage(const std::string& path, int channels, bool keepSixteenBits) {
   if (endsWith(path, ".pam")) {
     Image image = readPam(path);
-    if (image.bitsPerChannel == 16 && !keepSixteenBits) throw RunError("'" + path + "' is 16-bit; this command takes 8-bit images");
+    if (image.bitsPerChannel == 16 && !keepSixteenBits)
+      throw RunError("'" + path + "' is 16-bit; this command takes 8-bit images");
     return withChannels(image, channels);
   }
   return readPng(path, channels, keepSixteenBits);

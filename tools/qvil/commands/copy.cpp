@@ -28,7 +28,8 @@ int runCopy(const qvil::Arguments& arguments) {
 }
 
 const qvil::CommandRegistration registration(
-    {"copy", "Copy an RGBA image (8 or 16 bits), in strips on several processors",
+    {"copy",
+     "Copy an RGBA image (8 or 16 bits), in strips on several processors",
      "copy INPUT OUTPUT [--threads WORD]\n"
      "  WORD: the multithread option word: mode in bits 0-15 (0 calling thread, 2 physical\n"
      "  processors, other values logical processors), strip limit in bits 16-31 (0 none)",

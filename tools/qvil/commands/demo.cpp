@@ -24,7 +24,10 @@ int runDemo(const qvil::Arguments& arguments) {
   return 0;
 }
 
-const qvil::CommandRegistration registration({"demo", "Run every operation once on generated images",
-                                               "demo [--out FOLDER]   (default folder: qvil-demo)", {}, runDemo});
+const qvil::CommandRegistration registration({"demo",
+                                              "Run every operation once on generated images",
+                                              "demo [--out FOLDER]   (default folder: qvil-demo)",
+                                              {},
+                                              runDemo});
 
 }  // namespace

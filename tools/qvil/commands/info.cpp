@@ -34,8 +34,8 @@ int runInfo(const qvil::Arguments& arguments) {
   return 0;
 }
 
-const qvil::CommandRegistration registration({"info", "Show the processor, the selected tier and the cache size",
-                                               "info", {}, runInfo});
+const qvil::CommandRegistration registration(
+    {"info", "Show the processor, the selected tier and the cache size", "info", {}, runInfo});
 
 void demoInfo(const qvil::DemoContext&) { runInfo(qvil::Arguments({}, {})); }
 

@@ -14,6 +14,7 @@
 
 namespace QV_TIER {
 
+// clang-format off
 inline constexpr Ipp16u lzssHashTable[768] = {
     // first byte
     18845, 15810, 11527, 28763, 26031, 1512, 3600, 4881, 7271, 30354, 4642, 13126,
@@ -84,6 +85,7 @@ inline constexpr Ipp16u lzssHashTable[768] = {
     3919, 11560, 29327, 13148, 892, 28699, 20712, 5300, 23968, 29072, 9868, 32304,
     31547, 24096, 15912, 19981, 14176, 23532, 26244, 11230, 2173, 9134, 1561, 23628,
     249, 2736, 28605, 19540,};
+// clang-format on
 
 inline __attribute__((always_inline)) unsigned lzssHash(const Ipp8u* p) {
   return lzssHashTable[p[0]] ^ lzssHashTable[256 + p[1]] ^ lzssHashTable[512 + p[2]];
