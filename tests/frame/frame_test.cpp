@@ -3,9 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
 #include <cmath>
+#include <cstdio>
 #include <cstring>
-#include <regex>
 
 #include "qvimage/QVILConversion.h"
 #include "qvimage/QVILLibraryController.h"
@@ -106,9 +107,16 @@ TEST(LogHandler, DefaultSinkWritesAPrefixedLineToStandardError) {
   QVILConversion::sharedInstance()->imageLibCopyRGBA(&buffer, &buffer, 0, 3);
   const std::string line = testing::internal::GetCapturedStderr();
   // "YYYY-MM-DD HH:MM:SS.mmm program[pid:tid] message"
-  EXPECT_TRUE(
-      std::regex_search(line, std::regex(R"(^\d{4}-\d{2}-\d{2} \d{2}:\d{2}:\d{2}\.\d{3} \S+\[\d+:\d+\] Error: )")))
-      << line;
+  int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0, millis = 0, pid = 0, tid = 0, consumed = 0;
+  char program[256] = {};
+  const int fields = std::sscanf(line.c_str(), "%4d-%2d-%2d %2d:%2d:%2d.%3d %255[^[][%d:%d] %n", &year, &month, &day,
+                                 &hour, &minute, &second, &millis, program, &pid, &tid, &consumed);
+  ASSERT_EQ(fields, 10) << line;
+  EXPECT_EQ(line.compare(static_cast<size_t>(consumed), 7, "Error: "), 0) << line;
+  EXPECT_EQ(pid, static_cast<int>(getpid()));
+  EXPECT_GE(month, 1);
+  EXPECT_LE(month, 12);
+  EXPECT_EQ(line.substr(19, 1), ".");
   EXPECT_NE(line.find("unsupported bits per chanel: 3\n"), std::string::npos) << line;
 }
 

@@ -2,24 +2,18 @@
 
 #include <cstdio>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#include "byte_files.h"
 #include "command.h"
 #include "qvimage/QVILHash.h"
 #include "qvimage/zlib.h"
 
 namespace {
 
-std::vector<unsigned char> readFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw qvil::RunError("cannot read '" + path + "'");
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
 void printChecksums(const std::string& path) {
-  const std::vector<unsigned char> bytes = readFile(path);
+  const std::vector<unsigned char> bytes = qvil::readFile(path);
   if (bytes.size() > 0x7FFFFFFF) throw qvil::RunError("'" + path + "' is larger than 2 GiB");
   const auto length = static_cast<uInt>(bytes.size());
   const std::string text =

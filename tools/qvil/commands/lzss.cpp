@@ -3,29 +3,20 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
+#include "byte_files.h"
 #include "command.h"
 #include "qvimage/QVILCompression.h"
 #include "qvimage/ipps_lzss.h"
 
 namespace {
 
-using ByteVector = std::vector<unsigned char>;
+using qvil::ByteVector;
 
-ByteVector readFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw qvil::RunError("cannot read '" + path + "'");
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-void writeFile(const std::string& path, const unsigned char* bytes, size_t length) {
-  std::ofstream file(path, std::ios::binary);
-  file.write(reinterpret_cast<const char*>(bytes), static_cast<std::streamsize>(length));
-  if (!file) throw qvil::RunError("cannot write '" + path + "'");
-}
+using qvil::readFile;
+using qvil::writeFile;
 
 size_t compressFile(const std::string& input, const std::string& output) {
   const ByteVector bytes = readFile(input);
