@@ -3,6 +3,7 @@
 // bytes are literals unless a run token began before them.
 
 #include "primitives/common/tier_util.h"
+#include "primitives/data/rle/rle_stream.h"
 
 namespace QV_TIER {
 namespace {
@@ -24,9 +25,8 @@ QV_INLINE void writeRun(Ipp8u* to, Ipp8u c, int n) {
 }  // namespace
 
 IppStatus ippsDecodeRLE_8u(Ipp8u** ppSrc, int* pSrcLen, Ipp8u* pDst, int* pDstLen) {
-  if (ppSrc == nullptr || pSrcLen == nullptr || pDst == nullptr || pDstLen == nullptr || *ppSrc == nullptr)
-    return ippStsNullPtrErr;
-  if (*pSrcLen < 1 || *pDstLen < 1) return ippStsSizeErr;
+  const IppStatus status = checkRleArguments(ppSrc, pSrcLen, pDst, pDstLen);
+  if (status != ippStsNoErr) return status;
   const Ipp8u* src = *ppSrc;
   const int srcLength = *pSrcLen;
   const int capacity = *pDstLen;
@@ -47,9 +47,7 @@ IppStatus ippsDecodeRLE_8u(Ipp8u** ppSrc, int* pSrcLen, Ipp8u* pDst, int* pDstLe
   }
   if (i >= srcLength - 2)
     for (; i < srcLength && o < capacity; ++i) pDst[o++] = src[i];
-  *ppSrc += i;
-  *pSrcLen -= i;
-  *pDstLen = o;
+  handBackRleProgress(ppSrc, pSrcLen, pDstLen, i, o);
   return *pSrcLen != 0 ? ippStsDstSizeLessExpected : ippStsNoErr;
 }
 

@@ -3,6 +3,7 @@
 // copied as they are until the output is full.
 
 #include "primitives/common/tier_util.h"
+#include "primitives/data/rle/rle_stream.h"
 
 namespace QV_TIER {
 namespace {
@@ -25,9 +26,8 @@ QV_INLINE int repeatsOf(Ipp8u c, const Ipp8u* p, int limit) {
 }  // namespace
 
 IppStatus ippsEncodeRLE_8u(Ipp8u** ppSrc, int* pSrcLen, Ipp8u* pDst, int* pDstLen) {
-  if (ppSrc == nullptr || pSrcLen == nullptr || pDst == nullptr || pDstLen == nullptr || *ppSrc == nullptr)
-    return ippStsNullPtrErr;
-  if (*pSrcLen < 1 || *pDstLen < 1) return ippStsSizeErr;
+  const IppStatus status = checkRleArguments(ppSrc, pSrcLen, pDst, pDstLen);
+  if (status != ippStsNoErr) return status;
   const Ipp8u* src = *ppSrc;
   const int srcLength = *pSrcLen;
   const int capacity = *pDstLen;
@@ -44,9 +44,7 @@ IppStatus ippsEncodeRLE_8u(Ipp8u** ppSrc, int* pSrcLen, Ipp8u* pDst, int* pDstLe
     }
   }
   while (o < capacity && i < srcLength) pDst[o++] = src[i++];
-  *ppSrc += i;
-  *pSrcLen -= i;
-  *pDstLen = o;
+  handBackRleProgress(ppSrc, pSrcLen, pDstLen, i, o);
   return *pSrcLen != 0 ? ippStsDstSizeLessExpected : ippStsNoErr;
 }
 
