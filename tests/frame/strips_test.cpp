@@ -168,7 +168,7 @@ TEST_F(Strips, StripsRunOnSeveralThreadsWhenSplit) {
       threads.insert(std::this_thread::get_id());
     }
     strips.fetch_add(1);
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));  // long enough for a pool thread to join
   };
   qv::frame::runStrips(plan, body);
   EXPECT_EQ(strips.load(), 8);
