@@ -32,6 +32,13 @@ QV_INLINE T* rowAt(T* base, int step, int r) {
   return reinterpret_cast<T*>(reinterpret_cast<uintptr_t>(base) + static_cast<intptr_t>(step) * r);
 }
 
+// 16-byte blocks: unaligned and aligned loads and stores, and stores that bypass the cache.
+QV_INLINE __m128i loadBlock(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
+QV_INLINE __m128i loadAlignedBlock(const void* p) { return _mm_load_si128(static_cast<const __m128i*>(p)); }
+QV_INLINE void storeBlock(void* p, __m128i v) { _mm_storeu_si128(static_cast<__m128i*>(p), v); }
+QV_INLINE void storeAlignedBlock(void* p, __m128i v) { _mm_store_si128(static_cast<__m128i*>(p), v); }
+QV_INLINE void streamBlock(void* p, __m128i v) { _mm_stream_si128(static_cast<__m128i*>(p), v); }
+
 // Unaligned loads and stores of 2, 4 and 8 bytes.
 QV_INLINE uint16_t load16(const void* p) {
   uint16_t v;

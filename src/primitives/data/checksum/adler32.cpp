@@ -40,8 +40,6 @@ QV_INLINE __m128i weightedBlockSum(__m128i block) {
 // Sums of the bytes of a block, in the low 32 bits of two 64-bit lanes.
 QV_INLINE __m128i byteSumOf(__m128i block) { return _mm_sad_epu8(block, _mm_setzero_si128()); }
 
-QV_INLINE __m128i loadBlock(const Ipp8u* p) { return _mm_load_si128(reinterpret_cast<const __m128i*>(p)); }
-
 // What a stretch of blocks adds to the sums, gathered in vectors. Per block s2 grows by 16 s1
 // plus the weighted bytes and s1 by the bytes; the s1 terms are kept as sums over blocks of the
 // bytes before them. The true s2 of a run fits 32 bits, so wrapping lane arithmetic gives it.
@@ -56,7 +54,8 @@ struct BlockSums {
 // Four blocks a round: their byte sums feed three running totals, their weighted sums are added
 // in 16 bits (at most 4 x 7905) before one widening.
 QV_INLINE void addFourBlocks(BlockSums& sums, const Ipp8u* src) {
-  const __m128i b0 = loadBlock(src), b1 = loadBlock(src + 16), b2 = loadBlock(src + 32), b3 = loadBlock(src + 48);
+  const __m128i b0 = loadAlignedBlock(src), b1 = loadAlignedBlock(src + 16), b2 = loadAlignedBlock(src + 32),
+                b3 = loadAlignedBlock(src + 48);
   sums.earlier = _mm_add_epi32(sums.earlier, sums.bytes);
   const __m128i first = byteSumOf(b0);
   const __m128i firstTwo = _mm_add_epi32(first, byteSumOf(b1));
@@ -76,7 +75,7 @@ QV_INLINE void addFourBlocks(BlockSums& sums, const Ipp8u* src) {
 }
 
 QV_INLINE void addOneBlock(BlockSums& sums, const Ipp8u* src) {
-  const __m128i block = loadBlock(src);
+  const __m128i block = loadAlignedBlock(src);
   sums.earlierSingles = _mm_add_epi32(sums.earlierSingles, sums.bytes);
   sums.bytes = _mm_add_epi32(sums.bytes, byteSumOf(block));
   sums.weighted = _mm_add_epi32(sums.weighted, weightedBlockSum(block));

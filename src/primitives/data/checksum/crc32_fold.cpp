@@ -45,8 +45,6 @@ QV_INLINE __m128i pairOf(FoldPair pair) {
   return _mm_set_epi64x(static_cast<long long>(pair.high), static_cast<long long>(pair.low));
 }
 
-QV_INLINE __m128i loadAligned(const Ipp8u* p) { return _mm_load_si128(reinterpret_cast<const __m128i*>(p)); }
-
 // The lane carried forward by the distance of the pair.
 QV_PCLMUL_INLINE __m128i fold(__m128i lane, __m128i pair) {
   return _mm_xor_si128(_mm_clmulepi64_si128(lane, pair, 0x00), _mm_clmulepi64_si128(lane, pair, 0x11));
@@ -82,7 +80,7 @@ QV_INLINE Ipp32u registerOf(Ipp64u state) {
 // never count. AddressSanitizer would report them when the caller's buffer starts unaligned, so
 // this one load is left out of its checks.
 __attribute__((noinline, no_sanitize_address)) __m128i loadFirstBlock(const Ipp8u* alignedStart) {
-  return loadAligned(alignedStart);
+  return loadAlignedBlock(alignedStart);
 }
 
 // The bytes that remain, through the byte-wise table: two a round, then a last one.
@@ -108,22 +106,22 @@ QV_PCLMUL Ipp32u owns_zlib_reduction_crc_proc(const Ipp8u* src, int len, Ipp32u 
   alignas(16) Ipp8u startValue[32] = {};
   store32(startValue + m, crc);
   const __m128i mask = _mm_loadu_si128(reinterpret_cast<const __m128i*>(kStartMask + 32 - m));
-  __m128i lane0 = _mm_xor_si128(_mm_and_si128(loadFirstBlock(aligned), mask), loadAligned(startValue));
-  __m128i lane1 = _mm_xor_si128(loadAligned(aligned + 16), loadAligned(startValue + 16));
+  __m128i lane0 = _mm_xor_si128(_mm_and_si128(loadFirstBlock(aligned), mask), loadAlignedBlock(startValue));
+  __m128i lane1 = _mm_xor_si128(loadAlignedBlock(aligned + 16), loadAlignedBlock(startValue + 16));
   const Ipp8u* next = aligned + 32;
   len -= 32 - m;
 
   if (len >= 32) {
-    __m128i lane2 = loadAligned(next);
-    __m128i lane3 = loadAligned(next + 16);
+    __m128i lane2 = loadAlignedBlock(next);
+    __m128i lane3 = loadAlignedBlock(next + 16);
     next += 32;
     len -= 32;
     const __m128i pair512 = pairOf(kFold512);
     for (; len >= 64; next += 64, len -= 64) {
-      lane0 = _mm_xor_si128(fold(lane0, pair512), loadAligned(next));
-      lane1 = _mm_xor_si128(fold(lane1, pair512), loadAligned(next + 16));
-      lane2 = _mm_xor_si128(fold(lane2, pair512), loadAligned(next + 32));
-      lane3 = _mm_xor_si128(fold(lane3, pair512), loadAligned(next + 48));
+      lane0 = _mm_xor_si128(fold(lane0, pair512), loadAlignedBlock(next));
+      lane1 = _mm_xor_si128(fold(lane1, pair512), loadAlignedBlock(next + 16));
+      lane2 = _mm_xor_si128(fold(lane2, pair512), loadAlignedBlock(next + 32));
+      lane3 = _mm_xor_si128(fold(lane3, pair512), loadAlignedBlock(next + 48));
     }
     const __m128i pair256 = pairOf(kFold256);
     lane0 = _mm_xor_si128(fold(lane0, pair256), lane2);
@@ -131,8 +129,8 @@ QV_PCLMUL Ipp32u owns_zlib_reduction_crc_proc(const Ipp8u* src, int len, Ipp32u 
   }
   if (len >= 32) {
     const __m128i pair256 = pairOf(kFold256);
-    lane0 = _mm_xor_si128(fold(lane0, pair256), loadAligned(next));
-    lane1 = _mm_xor_si128(fold(lane1, pair256), loadAligned(next + 16));
+    lane0 = _mm_xor_si128(fold(lane0, pair256), loadAlignedBlock(next));
+    lane1 = _mm_xor_si128(fold(lane1, pair256), loadAlignedBlock(next + 16));
     next += 32;
     len -= 32;
   }
@@ -140,7 +138,7 @@ QV_PCLMUL Ipp32u owns_zlib_reduction_crc_proc(const Ipp8u* src, int len, Ipp32u 
   const __m128i pair128 = pairOf(kFold128);
   __m128i lane = _mm_xor_si128(fold(lane0, pair128), lane1);
   if (len >= 16) {
-    lane = _mm_xor_si128(fold(lane, pair128), loadAligned(next));
+    lane = _mm_xor_si128(fold(lane, pair128), loadAlignedBlock(next));
     next += 16;
     len -= 16;
   }

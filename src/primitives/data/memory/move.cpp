@@ -8,9 +8,6 @@
 namespace QV_TIER {
 namespace {
 
-QV_INLINE __m128i loadBlock(const Ipp8u* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
-QV_INLINE void storeBlock(Ipp8u* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
-
 // From the start to the end. Each 64-byte round is loaded whole before it is stored, so a
 // source above an overlapping destination is read before it is overwritten.
 void moveForward(const Ipp8u* src, Ipp8u* dst, size_t len) {

@@ -9,8 +9,6 @@
 namespace QV_TIER {
 namespace {
 
-QV_INLINE void storeBlock(void* p, __m128i v) { _mm_storeu_si128(static_cast<__m128i*>(p), v); }
-
 // Fills whole 16-byte blocks at a 16-aligned destination: non-temporal and fenced, or cached.
 void fillAlignedBlocks(__m128i block, Ipp8u* dst, size_t blocks, bool streaming) {
   if (streaming) {

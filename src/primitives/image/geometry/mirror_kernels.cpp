@@ -12,10 +12,6 @@ namespace {
 
 constexpr int kBypassStart = 1048576;  // traffic in bytes above which bypassing is considered
 
-QV_INLINE __m128i load16Bytes(const Ipp8u* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
-QV_INLINE void store16Bytes(Ipp8u* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
-QV_INLINE void stream16Bytes(Ipp8u* p, __m128i v) { _mm_stream_si128(reinterpret_cast<__m128i*>(p), v); }
-
 // The pixels of a 16-byte block in reverse order: four 4-byte pixels, or two 8-byte pixels.
 template <int PixelBytes>
 QV_INLINE __m128i reverse16Bytes(__m128i v) {
@@ -28,8 +24,8 @@ QV_INLINE __m128i reverse16Bytes(__m128i v) {
 using Block = __m256;
 constexpr size_t kBlockBytes = 32;
 
-QV_INLINE Block loadBlock(const Ipp8u* p) { return _mm256_loadu_ps(reinterpret_cast<const float*>(p)); }
-QV_INLINE void storeBlock(Ipp8u* p, Block v) { _mm256_storeu_ps(reinterpret_cast<float*>(p), v); }
+QV_INLINE Block loadRowBlock(const Ipp8u* p) { return _mm256_loadu_ps(reinterpret_cast<const float*>(p)); }
+QV_INLINE void storeRowBlock(Ipp8u* p, Block v) { _mm256_storeu_ps(reinterpret_cast<float*>(p), v); }
 
 // Permutes move bits unchanged, whatever the float lanes hold.
 template <int PixelBytes>
@@ -47,8 +43,8 @@ QV_INLINE Block reverseBlock(Block v) {
 using Block = __m128i;
 constexpr size_t kBlockBytes = 16;
 
-QV_INLINE Block loadBlock(const Ipp8u* p) { return load16Bytes(p); }
-QV_INLINE void storeBlock(Ipp8u* p, Block v) { store16Bytes(p, v); }
+QV_INLINE Block loadRowBlock(const Ipp8u* p) { return loadBlock(p); }
+QV_INLINE void storeRowBlock(Ipp8u* p, Block v) { storeBlock(p, v); }
 
 template <int PixelBytes>
 QV_INLINE Block reverseBlock(Block v) {
@@ -88,7 +84,7 @@ size_t flipRowBypassing(const Ipp8u* src, Ipp8u* dstEnd, size_t bytes) {
     copyPixel<PixelBytes>(src + done, dstEnd - done - PixelBytes);
   for (; done + 64 <= bytes; done += 64)
     for (size_t k = 0; k < 64; k += 16)
-      stream16Bytes(dstEnd - done - k - 16, reverse16Bytes<PixelBytes>(load16Bytes(src + done + k)));
+      streamBlock(dstEnd - done - k - 16, reverse16Bytes<PixelBytes>(loadBlock(src + done + k)));
   return done;
 }
 
@@ -98,9 +94,9 @@ void flipRow(const Ipp8u* src, Ipp8u* dstEnd, size_t pixels, bool bypassCache) {
   size_t done = bypassCache ? flipRowBypassing<PixelBytes>(src, dstEnd, bytes) : 0;
   for (; done + 4 * kBlockBytes <= bytes; done += 4 * kBlockBytes)
     for (size_t k = 0; k < 4 * kBlockBytes; k += kBlockBytes)
-      storeBlock(dstEnd - done - k - kBlockBytes, reverseBlock<PixelBytes>(loadBlock(src + done + k)));
+      storeRowBlock(dstEnd - done - k - kBlockBytes, reverseBlock<PixelBytes>(loadRowBlock(src + done + k)));
   for (; done + kBlockBytes <= bytes; done += kBlockBytes)
-    storeBlock(dstEnd - done - kBlockBytes, reverseBlock<PixelBytes>(loadBlock(src + done)));
+    storeRowBlock(dstEnd - done - kBlockBytes, reverseBlock<PixelBytes>(loadRowBlock(src + done)));
   for (; done < bytes; done += PixelBytes) copyPixel<PixelBytes>(src + done, dstEnd - done - PixelBytes);
 }
 
@@ -113,10 +109,10 @@ void flipRowInPlace(Ipp8u* row, size_t pixels, size_t pairs) {
   size_t left = 0;
   for (; left + kBlockBytes <= leftBytes; left += kBlockBytes) {
     Ipp8u* right = row + bytes - left - kBlockBytes;
-    const Block fromLeft = loadBlock(row + left);
-    const Block fromRight = loadBlock(right);
-    storeBlock(row + left, reverseBlock<PixelBytes>(fromRight));
-    storeBlock(right, reverseBlock<PixelBytes>(fromLeft));
+    const Block fromLeft = loadRowBlock(row + left);
+    const Block fromRight = loadRowBlock(right);
+    storeRowBlock(row + left, reverseBlock<PixelBytes>(fromRight));
+    storeRowBlock(right, reverseBlock<PixelBytes>(fromLeft));
   }
   for (; left < leftBytes; left += PixelBytes) swapPixels<PixelBytes>(row + left, row + bytes - left - PixelBytes);
 }
@@ -127,10 +123,10 @@ void exchangeFlipRows(Ipp8u* a, Ipp8u* b, size_t pixels) {
   size_t done = 0;
   for (; done + kBlockBytes <= bytes; done += kBlockBytes) {
     Ipp8u* mirrored = b + bytes - done - kBlockBytes;
-    const Block fromA = loadBlock(a + done);
-    const Block fromB = loadBlock(mirrored);
-    storeBlock(a + done, reverseBlock<PixelBytes>(fromB));
-    storeBlock(mirrored, reverseBlock<PixelBytes>(fromA));
+    const Block fromA = loadRowBlock(a + done);
+    const Block fromB = loadRowBlock(mirrored);
+    storeRowBlock(a + done, reverseBlock<PixelBytes>(fromB));
+    storeRowBlock(mirrored, reverseBlock<PixelBytes>(fromA));
   }
   for (; done < bytes; done += PixelBytes) swapPixels<PixelBytes>(a + done, b + bytes - done - PixelBytes);
 }
@@ -140,7 +136,7 @@ size_t copyRowBypassing(const Ipp8u* src, Ipp8u* dst, size_t bytes) {
   size_t done = 0;
   for (; done < bytes && !isAligned(dst + done, 16); ++done) dst[done] = src[done];
   for (; done + 64 <= bytes; done += 64)
-    for (size_t k = 0; k < 64; k += 16) stream16Bytes(dst + done + k, load16Bytes(src + done + k));
+    for (size_t k = 0; k < 64; k += 16) streamBlock(dst + done + k, loadBlock(src + done + k));
   return done;
 }
 
@@ -156,8 +152,9 @@ bool owniMirrorBypassesCache(int traffic) {
 void owniMirrorCopyRow(const Ipp8u* src, Ipp8u* dst, size_t bytes, bool bypassCache) {
   size_t done = bypassCache ? copyRowBypassing(src, dst, bytes) : 0;
   for (; done + 4 * kBlockBytes <= bytes; done += 4 * kBlockBytes)
-    for (size_t k = 0; k < 4 * kBlockBytes; k += kBlockBytes) storeBlock(dst + done + k, loadBlock(src + done + k));
-  for (; done + kBlockBytes <= bytes; done += kBlockBytes) storeBlock(dst + done, loadBlock(src + done));
+    for (size_t k = 0; k < 4 * kBlockBytes; k += kBlockBytes)
+      storeRowBlock(dst + done + k, loadRowBlock(src + done + k));
+  for (; done + kBlockBytes <= bytes; done += kBlockBytes) storeRowBlock(dst + done, loadRowBlock(src + done));
   for (; done < bytes; ++done) dst[done] = src[done];
 }
 
@@ -172,9 +169,9 @@ void owniFlipRow_16u_C4(const Ipp8u* src, Ipp8u* dstEnd, size_t pixels, bool byp
 void owniExchangeRows(Ipp8u* a, Ipp8u* b, size_t bytes) {
   size_t done = 0;
   for (; done + kBlockBytes <= bytes; done += kBlockBytes) {
-    const Block fromA = loadBlock(a + done);
-    storeBlock(a + done, loadBlock(b + done));
-    storeBlock(b + done, fromA);
+    const Block fromA = loadRowBlock(a + done);
+    storeRowBlock(a + done, loadRowBlock(b + done));
+    storeRowBlock(b + done, fromA);
   }
   for (; done < bytes; ++done) {
     const Ipp8u first = a[done];

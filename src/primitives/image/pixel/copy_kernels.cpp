@@ -18,12 +18,6 @@ namespace {
 
 constexpr size_t kStreamingStart = 0x100000;  // 1 MiB
 
-QV_INLINE __m128i loadBlock(const Ipp8u* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
-QV_INLINE __m128i loadAlignedBlock(const Ipp8u* p) { return _mm_load_si128(reinterpret_cast<const __m128i*>(p)); }
-QV_INLINE void storeBlock(Ipp8u* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
-QV_INLINE void storeAlignedBlock(Ipp8u* p, __m128i v) { _mm_store_si128(reinterpret_cast<__m128i*>(p), v); }
-QV_INLINE void streamBlock(Ipp8u* p, __m128i v) { _mm_stream_si128(reinterpret_cast<__m128i*>(p), v); }
-
 // Copies the 16-, 8- and 4-byte blocks that the bits of length name, from offset done on, and
 // answers the offset after them.
 QV_INLINE size_t copyBlocks16To4(const Ipp8u* src, Ipp8u* dst, size_t length, size_t done) {

@@ -10,9 +10,6 @@ namespace {
 
 constexpr int kStreamingFillStart = 524288;
 
-QV_INLINE __m128i loadPattern(const Ipp8u* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
-QV_INLINE void storeBlock(Ipp8u* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
-
 // 64 bytes a round at a 16-aligned destination; answers the bytes written. Long cached runs
 // take the string store of the block's first four bytes, which repeat every four.
 size_t fillRounds(__m128i block, Ipp8u* dst, size_t length, bool streaming) {
@@ -59,7 +56,7 @@ bool owniSetStreams(int total) {
 }
 
 void owniSet_8u_C1_M7(const Ipp8u* pattern, Ipp8u* dst, size_t length, bool streaming) {
-  const __m128i block = loadPattern(pattern);
+  const __m128i block = loadBlock(pattern);
   size_t done = 0;
   if (length >= 64) {
     done = fillHead(block, dst);
@@ -70,11 +67,11 @@ void owniSet_8u_C1_M7(const Ipp8u* pattern, Ipp8u* dst, size_t length, bool stre
 }
 
 void owniSet_8u_C4_M7(const Ipp8u* pattern, Ipp8u* dst, size_t length, bool streaming) {
-  __m128i block = loadPattern(pattern);
+  __m128i block = loadBlock(pattern);
   size_t done = 0;
   if (length >= 64) {
     done = fillHead(block, dst);
-    block = loadPattern(pattern + done);  // byte done of the row is channel done % 4
+    block = loadBlock(pattern + done);  // byte done of the row is channel done % 4
     done += fillRounds(block, dst + done, length - done, streaming);
   }
   done += fillBlocks(block, dst + done, length - done);

@@ -13,9 +13,6 @@ namespace {
 
 using qv::pixel::SwapRoad;
 
-QV_INLINE __m128i loadBlock(const Ipp8u* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); }
-QV_INLINE void storeBlock(Ipp8u* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i*>(p), v); }
-
 // One pixel of the three-channel form: all source bytes read before the destination is written,
 // so that a call with the destination on the source is well defined.
 QV_INLINE void swapPixelAC4(const Ipp8u* src, Ipp8u* dst, const int order[3]) {

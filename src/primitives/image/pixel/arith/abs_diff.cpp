@@ -9,14 +9,14 @@ namespace {
 
 void absDiffRow(const Ipp8u* a, const Ipp8u* b, Ipp8u* dst, size_t length) {
   size_t i = 0;
-  for (; i + 16 <= length; i += 16) storeBytes(dst + i, absDiffBytes(loadBytes(a + i), loadBytes(b + i)));
+  for (; i + 16 <= length; i += 16) storeBlock(dst + i, absDiffBytes(loadBlock(a + i), loadBlock(b + i)));
   for (; i < length; ++i) dst[i] = absDiff(a[i], b[i]);
 }
 
 void absDiffConstantRow(const Ipp8u* src, Ipp8u value, Ipp8u* dst, size_t length) {
   const __m128i values = _mm_set1_epi8(static_cast<char>(value));
   size_t i = 0;
-  for (; i + 16 <= length; i += 16) storeBytes(dst + i, absDiffBytes(loadBytes(src + i), values));
+  for (; i + 16 <= length; i += 16) storeBlock(dst + i, absDiffBytes(loadBlock(src + i), values));
   for (; i < length; ++i) dst[i] = absDiff(src[i], value);
 }
 

@@ -8,9 +8,6 @@
 
 namespace QV_TIER {
 
-QV_INLINE __m128i loadBytes(const void* p) { return _mm_loadu_si128(static_cast<const __m128i*>(p)); }
-QV_INLINE void storeBytes(void* p, __m128i v) { _mm_storeu_si128(static_cast<__m128i*>(p), v); }
-
 // The product of two bytes scaled back to a byte: (p + 1 + (p >> 8)) >> 8, which stands for
 // p / 255. The sum stays below 65536, so 16-bit lanes hold it.
 QV_INLINE Ipp8u scaledProduct(Ipp8u a, Ipp8u b) {

@@ -32,11 +32,11 @@ void foldRegion(const Ipp8u* src, int srcStep, size_t rowBytes, int rows, Ipp8u 
   for (int r = 0; r < rows; ++r) {
     const Ipp8u* row = rowAt(src, srcStep, r);
     size_t x = 0;
-    for (; x + 16 <= rowBytes; x += 16) accumulator = foldBlocks<kind>(accumulator, loadBytes(row + x));
+    for (; x + 16 <= rowBytes; x += 16) accumulator = foldBlocks<kind>(accumulator, loadBlock(row + x));
     for (; x < rowBytes; ++x) lanes[x & 15] = foldBytes<kind>(lanes[x & 15], row[x]);
   }
   Ipp8u blocks[16];
-  storeBytes(blocks, accumulator);
+  storeBlock(blocks, accumulator);
   for (int i = 0; i < 16; ++i) lanes[i] = foldBytes<kind>(lanes[i], blocks[i]);
 }
 
@@ -82,7 +82,7 @@ IppStatus ippsMaxEvery_8u_I(const Ipp8u* pSrc, Ipp8u* pSrcDst, int len) {
   if (len < 1) return ippStsSizeErr;
   const size_t length = static_cast<size_t>(len);
   size_t i = 0;
-  for (; i + 16 <= length; i += 16) storeBytes(pSrcDst + i, _mm_max_epu8(loadBytes(pSrc + i), loadBytes(pSrcDst + i)));
+  for (; i + 16 <= length; i += 16) storeBlock(pSrcDst + i, _mm_max_epu8(loadBlock(pSrc + i), loadBlock(pSrcDst + i)));
   for (; i < length; ++i) pSrcDst[i] = maxOf(pSrc[i], pSrcDst[i]);
   return ippStsNoErr;
 }

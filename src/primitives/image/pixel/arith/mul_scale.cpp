@@ -10,16 +10,16 @@ namespace {
 
 void mulScaleRow(const Ipp8u* a, const Ipp8u* b, Ipp8u* dst, size_t length) {
   size_t i = 0;
-  for (; i + 16 <= length; i += 16) storeBytes(dst + i, scaledProductBytes(loadBytes(a + i), loadBytes(b + i)));
+  for (; i + 16 <= length; i += 16) storeBlock(dst + i, scaledProductBytes(loadBlock(a + i), loadBlock(b + i)));
   for (; i < length; ++i) dst[i] = scaledProduct(a[i], b[i]);
 }
 
 // The constant is a 16-byte pattern that repeats from the start of the row: one value for one
 // channel, the four channel values four times for four channels.
 void mulByPatternRow(const Ipp8u* src, const Ipp8u pattern[16], Ipp8u* dst, size_t length) {
-  const __m128i factors = loadBytes(pattern);
+  const __m128i factors = loadBlock(pattern);
   size_t i = 0;
-  for (; i + 16 <= length; i += 16) storeBytes(dst + i, scaledProductBytes(loadBytes(src + i), factors));
+  for (; i + 16 <= length; i += 16) storeBlock(dst + i, scaledProductBytes(loadBlock(src + i), factors));
   for (; i < length; ++i) dst[i] = scaledProduct(src[i], pattern[i & 15]);
 }
 

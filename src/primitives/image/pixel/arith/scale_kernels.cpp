@@ -33,11 +33,11 @@ QV_INLINE size_t headToAlign(const void* dst, size_t elementSize, size_t count) 
   return minOf(count, ((16 - misalignment) & 15) / elementSize);
 }
 
-QV_INLINE void storeBlock(void* p, __m128i v, bool streaming) {
+QV_INLINE void storeBlockOrStream(void* p, __m128i v, bool streaming) {
   if (streaming)
-    _mm_stream_si128(static_cast<__m128i*>(p), v);
+    streamBlock(p, v);
   else
-    storeBytes(p, v);
+    storeBlock(p, v);
 }
 
 // Eight 16-bit values to (u >> 8) in [-128, 127]; adding 128 is done on the packed bytes.
@@ -48,7 +48,7 @@ QV_INLINE __m128i narrowFastWords(__m128i x) {
 }
 
 QV_INLINE __m128i narrowFastBlock(const Ipp16u* src) {
-  const __m128i packed = _mm_packs_epi16(narrowFastWords(loadBytes(src)), narrowFastWords(loadBytes(src + 8)));
+  const __m128i packed = _mm_packs_epi16(narrowFastWords(loadBlock(src)), narrowFastWords(loadBlock(src + 8)));
   return _mm_xor_si128(packed, _mm_set1_epi8(static_cast<char>(0x80)));
 }
 
@@ -74,7 +74,7 @@ QV_INLINE __m128i narrowAccurateWords(__m128i x) {
 #endif
 
 QV_INLINE __m128i narrowAccurateBlock(const Ipp16u* src) {
-  return _mm_packus_epi16(narrowAccurateWords(loadBytes(src)), narrowAccurateWords(loadBytes(src + 8)));
+  return _mm_packus_epi16(narrowAccurateWords(loadBlock(src)), narrowAccurateWords(loadBlock(src + 8)));
 }
 
 }  // namespace
@@ -86,9 +86,9 @@ void owniScale_8u16u_M7(const Ipp8u* src, Ipp16u* dst, size_t count, bool stream
   size_t i = 0;
   for (; i < head; ++i) store16(dst + i, widen(src[i]));
   for (; i + 16 <= count; i += 16) {
-    const __m128i bytes = loadBytes(src + i);
-    storeBlock(dst + i, _mm_unpacklo_epi8(bytes, bytes), stream);
-    storeBlock(dst + i + 8, _mm_unpackhi_epi8(bytes, bytes), stream);
+    const __m128i bytes = loadBlock(src + i);
+    storeBlockOrStream(dst + i, _mm_unpacklo_epi8(bytes, bytes), stream);
+    storeBlockOrStream(dst + i + 8, _mm_unpackhi_epi8(bytes, bytes), stream);
   }
   for (; i < count; ++i) store16(dst + i, widen(src[i]));
 }
@@ -97,7 +97,7 @@ void owniScale_16u8u_M7_Fast(const Ipp16u* src, Ipp8u* dst, size_t count, bool s
   const size_t head = headToAlign(dst, sizeof(Ipp8u), count);
   size_t i = 0;
   for (; i < head; ++i) dst[i] = narrowFast(load16(src + i));
-  for (; i + 16 <= count; i += 16) storeBlock(dst + i, narrowFastBlock(src + i), streaming);
+  for (; i + 16 <= count; i += 16) storeBlockOrStream(dst + i, narrowFastBlock(src + i), streaming);
   for (; i < count; ++i) dst[i] = narrowFast(load16(src + i));
 }
 
@@ -105,7 +105,7 @@ void owniScale_16u8u_M7_Accurate(const Ipp16u* src, Ipp8u* dst, size_t count) {
   const size_t head = headToAlign(dst, sizeof(Ipp8u), count);
   size_t i = 0;
   for (; i < head; ++i) dst[i] = narrowAccurate(load16(src + i));
-  for (; i + 16 <= count; i += 16) storeBytes(dst + i, narrowAccurateBlock(src + i));
+  for (; i + 16 <= count; i += 16) storeBlock(dst + i, narrowAccurateBlock(src + i));
   for (; i < count; ++i) dst[i] = narrowAccurate(load16(src + i));
 }
 

@@ -23,8 +23,8 @@ void thresholdRow(const Ipp8u* src, Ipp8u* dst, size_t length, Ipp8u threshold, 
   const __m128i values = _mm_set1_epi8(static_cast<char>(value));
   size_t i = 0;
   for (; i + 16 <= length; i += 16) {
-    const __m128i pixels = loadBytes(src + i);
-    storeBytes(dst + i, selectBytes(replacedLanes(pixels, thresholds, greater), values, pixels));
+    const __m128i pixels = loadBlock(src + i);
+    storeBlock(dst + i, selectBytes(replacedLanes(pixels, thresholds, greater), values, pixels));
   }
   for (; i < length; ++i) {
     const bool replace = greater ? src[i] > threshold : src[i] < threshold;
