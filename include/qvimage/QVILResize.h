@@ -12,6 +12,22 @@ enum MirrorAxis : int32_t {
   MirrorAxisBoth = 2,        // both: a turn of 180 degrees
 };
 
+// The interpolation mode of the scale operations: a signed 32-bit value. Values outside 0..10
+// scale as nearest, silently.
+enum QVILResizeInterpolation : int32_t {
+  QVILResizeNearestNeighbor = 0,
+  QVILResizeLinear = 1,
+  QVILResizeCubic = 2,
+  QVILResizeSuper = 3,  // area average; on RGBA and Planar8 it reduces, and leaves an enlargement alone
+  QVILResizeLanczos = 4,
+  QVILResizeLanczos5 = 5,       // the library's scaler, high quality: 5 lobes, stretched on reduction
+  QVILResizeLanczos3 = 6,       // the library's scaler: 3 lobes, stretched on reduction
+  QVILResizeQualityNone = 7,    // drawing: nearest
+  QVILResizeQualityLow = 8,     // drawing: linear
+  QVILResizeQualityMedium = 9,  // drawing: linear stretched on reduction
+  QVILResizeQualityHigh = 10,   // drawing: 3-lobe Lanczos stretched on reduction
+};
+
 // Scaling, mirroring, rotation and warps of whole images. Each operation takes its region from
 // one buffer (named in its comment); the other buffer must be at least as large.
 class QV_API QVILResize {
@@ -20,6 +36,12 @@ class QV_API QVILResize {
   static QVILResize* sharedInstance();
 
   // >>> scale operations
+  // - imageLibScalePlanar8:destination:interpolationMode:
+  //   One 8-bit channel, the whole source into the whole destination, on the calling thread.
+  //   Modes 5 and 6 use the library's edge-extending Lanczos scaler (5 and 3 lobes); modes 0 to 4
+  //   the square-pixel resize with nearest, linear, cubic, super and Lanczos; every other mode
+  //   nearest. Equal sizes still filter. Failures are not reported: the answer is always true.
+  bool imageLibScalePlanar8(const vImage_Buffer* source, const vImage_Buffer* destination, int32_t mode);
   // <<< scale operations
 
   // >>> mirror operations (region from destination)
