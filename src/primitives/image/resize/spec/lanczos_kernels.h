@@ -28,7 +28,7 @@ QV_INLINE V groupedSum(const V* t, int taps) {
 // ownRow4Lanczos2 / ownRow4Lanczos3: pixel i of out sums weights[Taps * i + k] times the source
 // pixel k - (Taps / 2 - 1) places from row + columns[i], for all four samples at once.
 template <typename T, int Taps>
-void ownRow4Lanczos(const T* row, const Ipp32s* columns, const Ipp32f* weights, int count, Ipp32f* out) {
+QV_INLINE void ownRow4Lanczos(const T* row, const Ipp32s* columns, const Ipp32f* weights, int count, Ipp32f* out) {
   constexpr int kBefore = Taps / 2 - 1;
   int i = 0;
 #if QV_TIER_LEVEL >= 4
@@ -55,7 +55,7 @@ void ownRow4Lanczos(const T* row, const Ipp32s* columns, const Ipp32f* weights, 
 // ownColLanczos2 / ownColLanczos3: sample s of out sums weights[k] times rows[k][s], rounded and
 // saturated; count pixels.
 template <typename T, int Taps>
-void ownColLanczos(const Ipp32f* const* rows, const Ipp32f* weights, int count, T* out) {
+QV_INLINE void ownColLanczos(const Ipp32f* const* rows, const Ipp32f* weights, int count, T* out) {
   int i = 0;
 #if QV_TIER_LEVEL >= 4
   __m256 w8[Taps];

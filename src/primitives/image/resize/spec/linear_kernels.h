@@ -17,7 +17,7 @@ QV_INLINE __m256 blend(__m256 a, __m256 b, __m256 f) { return _mm256_add_ps(a, _
 // ownRow4Linear: pixel i of out = p0 + (p1 - p0) * fractions[i], with p0 the source pixel at
 // row + columns[i] and p1 the pixel after it. out is aligned to 32 bytes.
 template <typename T>
-void ownRow4Linear(const T* row, const Ipp32s* columns, const Ipp32f* fractions, int count, Ipp32f* out) {
+QV_INLINE void ownRow4Linear(const T* row, const Ipp32s* columns, const Ipp32f* fractions, int count, Ipp32f* out) {
   int i = 0;
 #if QV_TIER_LEVEL >= 4
   for (; i + 2 <= count; i += 2) {
@@ -37,7 +37,7 @@ void ownRow4Linear(const T* row, const Ipp32s* columns, const Ipp32f* fractions,
 // ownColLinear: sample k of out = upper[k] + (lower[k] - upper[k]) * fraction, rounded and
 // saturated; count pixels.
 template <typename T>
-void ownColLinear(const Ipp32f* upper, const Ipp32f* lower, Ipp32f fraction, int count, T* out) {
+QV_INLINE void ownColLinear(const Ipp32f* upper, const Ipp32f* lower, Ipp32f fraction, int count, T* out) {
   int i = 0;
 #if QV_TIER_LEVEL >= 4
   const __m256 f8 = _mm256_set1_ps(fraction);
