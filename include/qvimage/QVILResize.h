@@ -36,6 +36,37 @@ class QV_API QVILResize {
   static QVILResize* sharedInstance();
 
   // >>> scale operations
+  // --- engines with a resize specification (sizes from source and destination) ---
+  // Each builds a specification for the two sizes, then resizes the whole destination, on the
+  // calling thread (option mode 0, limit 1, or fewer than two processors) or in strips: one per
+  // processor of the option word, the remainder rows to the last strip. A failed size query or
+  // init is logged and answers false; a failed scratch query or allocation on the calling thread
+  // answers false without a line; a failed scratch allocation for strips answers true with the
+  // destination untouched; the status of the resize itself is not looked at.
+  // - imageLibScaleLinearRGBA:destination:multiThreadOptions:bitsPerChannel:
+  //   16 bits calls the 16-bit engine, 8 bits the 8-bit one; other depths answer false.
+  bool imageLibScaleLinearRGBA(const vImage_Buffer* source, const vImage_Buffer* destination,
+                               uint32_t multiThreadOptions, uint64_t bitsPerChannel);
+  // - imageLibScaleLinearRGBA8888:destination:multiThreadOptions:
+  //   Linear; a source under 2 x 2 logs "Scale initialization error: <status text> srcSize:
+  //   {w, h} destSize: {w, h}". The calling-thread path keeps its scratch block allocated.
+  bool imageLibScaleLinearRGBA8888(const vImage_Buffer* source, const vImage_Buffer* destination,
+                                   uint32_t multiThreadOptions);
+  // - imageLibScaleLinearRGBA16:destination:multiThreadOptions:
+  bool imageLibScaleLinearRGBA16(const vImage_Buffer* source, const vImage_Buffer* destination,
+                                 uint32_t multiThreadOptions);
+  // - imageLibScaleLanczosRGBA:destination:multiThreadOptions:bitsPerChannel:
+  //   16 bits calls the 16-bit engine, 8 bits the 8-bit one; other depths answer false.
+  bool imageLibScaleLanczosRGBA(const vImage_Buffer* source, const vImage_Buffer* destination,
+                                uint32_t multiThreadOptions, uint64_t bitsPerChannel);
+  // - imageLibScaleLanczosRGBA8888:destination:multiThreadOptions:
+  //   Lanczos of 3 lobes; a source under 4 x 4 logs "Scale get size error: ...", one under
+  //   6 x 6 "Scale initialization error: ...", each with the two sizes.
+  bool imageLibScaleLanczosRGBA8888(const vImage_Buffer* source, const vImage_Buffer* destination,
+                                    uint32_t multiThreadOptions);
+  // - imageLibScaleLanczosRGBA16:destination:multiThreadOptions:
+  bool imageLibScaleLanczosRGBA16(const vImage_Buffer* source, const vImage_Buffer* destination,
+                                  uint32_t multiThreadOptions);
   // - imageLibScalePlanar8:destination:interpolationMode:
   //   One 8-bit channel, the whole source into the whole destination, on the calling thread.
   //   Modes 5 and 6 use the library's edge-extending Lanczos scaler (5 and 3 lobes); modes 0 to 4
