@@ -67,6 +67,40 @@ class QV_API QVILResize {
   // - imageLibScaleLanczosRGBA16:destination:multiThreadOptions:
   bool imageLibScaleLanczosRGBA16(const vImage_Buffer* source, const vImage_Buffer* destination,
                                   uint32_t multiThreadOptions);
+  // --- the general operation and the forms that lead to it (sizes from both buffers) ---
+  // - imageLibScaleRGBA:destination:interpolationMode:multiThreadOptions:bitsPerChannel:
+  //   The whole source into the whole destination. Decided in this order: equal sizes copy
+  //   (QVILConversion imageLibCopyRGBA with the option word and depth, its answer dropped) in
+  //   every mode; modes 7 to 10 draw with the qualities none, low, medium and high, logging
+  //   "Apple resize" before and "Apple resize end" after; modes 5 and 6 run the library's
+  //   edge-extending Lanczos scaler (5 and 3 lobes); mode 1 the linear engine, and if it answers
+  //   false the square-pixel linear filter; mode 4 the Lanczos engine, whose answer is returned;
+  //   mode 2 the square-pixel cubic, mode 3 super (reductions only), any other mode nearest.
+  //   Only the engines of modes 1 and 4 take strips. The square-pixel front logs a failed size
+  //   query or resize as "Scale initialization error: <status text> srcSize: {w, h} destSize:
+  //   {w, h}" and still answers true. Depths other than 8 and 16 do nothing and answer true,
+  //   except in mode 4 (false).
+  bool imageLibScaleRGBA(const vImage_Buffer* source, const vImage_Buffer* destination, int32_t mode,
+                         uint32_t multiThreadOptions, uint64_t bitsPerChannel);
+  // - imageLibScaleRGBA8888:destination:interpolationMode:
+  //   The next form with option word 0.
+  bool imageLibScaleRGBA8888(const vImage_Buffer* source, const vImage_Buffer* destination, int32_t mode);
+  // - imageLibScaleRGBA8888:destination:interpolationMode:multiThreadOptions:
+  //   The general operation with 8 bits; the option word is thrown away and 0 passed.
+  bool imageLibScaleRGBA8888(const vImage_Buffer* source, const vImage_Buffer* destination, int32_t mode,
+                             uint32_t multiThreadOptions);
+  // - imageLibScaleRGBA16:destination:interpolationMode:
+  //   The next form with option word 0.
+  bool imageLibScaleRGBA16(const vImage_Buffer* source, const vImage_Buffer* destination, int32_t mode);
+  // - imageLibScaleRGBA16:destination:interpolationMode:multiThreadOptions:
+  //   The general operation with 16 bits; the option word is thrown away and 0 passed.
+  bool imageLibScaleRGBA16(const vImage_Buffer* source, const vImage_Buffer* destination, int32_t mode,
+                           uint32_t multiThreadOptions);
+  // - imageLibScaleRGBA8888:destination:interpolationMode:sourceROI:destinationROI:bufferCallback:owner:
+  //   Exactly imageLibScaleRGBA8888:destination:interpolationMode: with the first three
+  //   arguments: the regions are never read, the callback never sent, the owner never touched.
+  bool imageLibScaleRGBA8888(const vImage_Buffer* source, const vImage_Buffer* destination, int32_t mode,
+                             CGRect sourceROI, CGRect destinationROI, const char* bufferCallback, void* owner);
   // - imageLibScalePlanar8:destination:interpolationMode:
   //   One 8-bit channel, the whole source into the whole destination, on the calling thread.
   //   Modes 5 and 6 use the library's edge-extending Lanczos scaler (5 and 3 lobes); modes 0 to 4
