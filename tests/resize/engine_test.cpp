@@ -100,7 +100,8 @@ std::vector<uint8_t> scaled(const EngineCase& e, IppiSize from, IppiSize to, uin
 }
 
 TEST_F(ResizeEngines, StripsGiveTheSameBytesAsOneCall) {
-  const std::pair<IppiSize, IppiSize> jobs[] = {{{203, 157}, {97, 131}}, {{61, 47}, {150, 113}}, {{40, 41}, {40, 41}}};
+  const std::pair<IppiSize, IppiSize> jobs[] = {
+      {{203, 157}, {97, 131}}, {{61, 47}, {150, 113}}, {{40, 41}, {40, 41}}, {{202, 158}, {101, 79}}};
   for (const EngineCase& e : kEngines)
     for (const auto& [from, to] : jobs) {
       SCOPED_TRACE(e.name);

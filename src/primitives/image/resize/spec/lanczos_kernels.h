@@ -35,6 +35,7 @@ QV_INLINE void ownRow4Lanczos(const T* row, const Ipp32s* columns, const Ipp32f*
   for (; i + 2 <= count; i += 2) {
     const T* a = row + columns[i] - 4 * kBefore;
     const T* b = row + columns[i + 1] - 4 * kBefore;
+    prefetchAhead(a);
     const Ipp32f* wa = weights + Taps * i;
     const Ipp32f* wb = wa + Taps;
     __m256 terms[Taps];

@@ -23,6 +23,7 @@ QV_INLINE void ownRow4Linear(const T* row, const Ipp32s* columns, const Ipp32f* 
   for (; i + 2 <= count; i += 2) {
     const T* a = row + columns[i];
     const T* b = row + columns[i + 1];
+    prefetchAhead(a);
     const __m256 left = pixelPairToFloats(a, b);
     const __m256 right = pixelPairToFloats(a + 4, b + 4);
     _mm256_store_ps(out + 4 * i, blend(left, right, broadcastPair(fractions[i], fractions[i + 1])));

@@ -1,6 +1,7 @@
 // ippiResizeLinear_8u_C4R and ippiResizeLinear_16u_C4R: two-tap interpolation along each axis,
 // in f32, from a linear specification.
 
+#include "primitives/image/resize/spec/halving_kernels.h"
 #include "primitives/image/resize/spec/linear_kernels.h"
 #include "primitives/image/resize/spec/resize_frame.h"
 
@@ -118,6 +119,25 @@ void ownResize4Linear(const LinearJob<T>& job) {
   }
 }
 
+// Both axes halve exactly (ratio 2 / 1): no position is leading or trailing, every fraction is
+// 0.5, and destination pixel (i, j) takes the 2 x 2 block from row offset j and column offset i.
+bool halvesBothAxes(const ResizeSpec& spec) {
+  return spec.xFilter.srcReduced == 2 && spec.xFilter.dstReduced == 1 && spec.yFilter.srcReduced == 2 &&
+         spec.yFilter.dstReduced == 1;
+}
+
+// The interior of an exact halving, by integer sums that give the samples of the two passes.
+template <typename T>
+void ownHalve4Linear(const LinearJob<T>& job) {
+  const Ipp32s* rowOffsets = job.scratch.rowOffsets;
+  const Ipp32s first = job.scratch.columnOffsets[0];
+  for (int r = 0; r < job.region.size.height; ++r) {
+    const T* upper = job.source.rowAt(rowOffsets[r] + first);
+    const T* lower = job.source.rowAt(rowOffsets[r] + job.source.step + first);
+    ownHalveRow4Linear(upper, lower, job.region.size.width, job.target(r, 0));
+  }
+}
+
 template <typename T>
 IppStatus resizeLinear(const T* pSrc, int srcStep, T* pDst, int dstStep, IppiPoint dstOffset, IppiSize dstSize,
                        Ipp32u border, const ResizeSpec* pSpec, Ipp8u* pBuffer) {
@@ -132,6 +152,10 @@ IppStatus resizeLinear(const T* pSrc, int srcStep, T* pDst, int dstStep, IppiPoi
   job.source = ownSourceImage(pSrc, stepInSamples, job.region);
   job.dst = pDst;
   job.dstStep = dstStep;
+  if (halvesBothAxes(*job.region.spec)) {
+    ownHalve4Linear(job);
+    return job.region.exceeded ? ippStsSizeWrn : ippStsNoErr;
+  }
   ownCalcBorderR4Linear(job);
   const EdgeZones& zones = job.zones;
   if (zones.top + zones.bottom < job.region.size.height && zones.left + zones.right < job.region.size.width)
