@@ -36,9 +36,8 @@ void drawScaled(const vImage_Buffer* source, const vImage_Buffer* destination, i
 
 void scaleWithLibraryScaler(const QVILResize* self, const vImage_Buffer* source, const vImage_Buffer* destination,
                             int32_t mode, uint64_t bits) {
-  const uint32_t flags = mode == QVILResizeLanczos5
-                             ? qv::platform::kScaleEdgeExtend | qv::platform::kScaleHighQuality
-                             : qv::platform::kScaleEdgeExtend;
+  const uint32_t flags = mode == QVILResizeLanczos5 ? qv::platform::kScaleEdgeExtend | qv::platform::kScaleHighQuality
+                                                    : qv::platform::kScaleEdgeExtend;
   if (bits == 8) {
     qv::platform::scaleARGB8888(source, destination, nullptr, flags);
     return;

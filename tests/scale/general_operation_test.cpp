@@ -33,9 +33,8 @@ std::vector<int> squarePixel(Image& src, int dstW, int dstH, uint32_t flag, int 
     ippiResizeSqrPixel_8u_C4R(static_cast<const Ipp8u*>(src.buffer()->data), {src.width(), src.height()}, srcStep, s,
                               static_cast<Ipp8u*>(dst.buffer()->data), dstStep, d, xf, yf, 0, 0, flag, buffer.get());
   else
-    ippiResizeSqrPixel_16u_C4R(static_cast<const Ipp16u*>(src.buffer()->data), {src.width(), src.height()}, srcStep,
-                               s, static_cast<Ipp16u*>(dst.buffer()->data), dstStep, d, xf, yf, 0, 0, flag,
-                               buffer.get());
+    ippiResizeSqrPixel_16u_C4R(static_cast<const Ipp16u*>(src.buffer()->data), {src.width(), src.height()}, srcStep, s,
+                               static_cast<Ipp16u*>(dst.buffer()->data), dstStep, d, xf, yf, 0, 0, flag, buffer.get());
   return dst.samples();
 }
 
@@ -61,9 +60,8 @@ Image randomImage(int w, int h, int bits, uint32_t seed) {
 }
 
 std::string frontLine(IppStatus status, int sw, int sh, int dw, int dh) {
-  return std::string("Scale initialization error: ") + ippGetStatusString(status) + " srcSize: {" +
-         std::to_string(sw) + ", " + std::to_string(sh) + "} destSize: {" + std::to_string(dw) + ", " +
-         std::to_string(dh) + "}";
+  return std::string("Scale initialization error: ") + ippGetStatusString(status) + " srcSize: {" + std::to_string(sw) +
+         ", " + std::to_string(sh) + "} destSize: {" + std::to_string(dw) + ", " + std::to_string(dh) + "}";
 }
 
 const std::vector<std::string> kNoLines;
@@ -198,10 +196,12 @@ TEST(ScaleGeneral, OtherDepthsDoNothing) {
     const bool answer = resize()->imageLibScaleRGBA(src.buffer(), dst.buffer(), mode, 0, 32);
     EXPECT_EQ(answer, mode != QVILResizeLanczos) << mode;
     EXPECT_EQ(dst.samples(), std::vector<int>(20 * 7 * 4, 7)) << mode;
-    if (mode >= 7 && mode <= 10)
+    const bool draws = mode >= 7 && mode <= 10;
+    if (draws) {
       EXPECT_EQ(log.lines(), (std::vector<std::string>{"Apple resize", "Apple resize end"}));
-    else if (mode != QVILResizeLanczos)
+    } else if (mode != QVILResizeLanczos) {
       EXPECT_EQ(log.lines(), kNoLines) << mode;
+    }
   }
 }
 
@@ -213,7 +213,7 @@ TEST(ScaleGeneral, FrontLogsAFailedSizeQueryAndGoesOn) {
   qvtest::LogCapture log;
   EXPECT_TRUE(resize()->imageLibScaleRGBA(src.buffer(), dst.buffer(), QVILResizeCubic, 0, 8));
   EXPECT_EQ(log.lines(), (std::vector<std::string>{frontLine(ippStsSizeErr, 12, 10, 0, 5),
-                                                    frontLine(ippStsNullPtrErr, 12, 10, 0, 5)}));
+                                                   frontLine(ippStsNullPtrErr, 12, 10, 0, 5)}));
 }
 
 TEST(ScaleGeneral, ForwardingFormsThrowTheirOptionWordAway) {
@@ -253,8 +253,8 @@ TEST(ScaleGeneral, RegionCallbackFormIgnoresItsFourExtraArguments) {
   EXPECT_EQ(owner.calls, 0);
   EXPECT_STREQ(owner.bytes, "untouched owner");
   Image other(29, 50, 4, 8);
-  EXPECT_TRUE(resize()->imageLibScaleRGBA8888(src.buffer(), other.buffer(), QVILResizeCubic, bogus, bogus, nullptr,
-                                              nullptr));
+  EXPECT_TRUE(
+      resize()->imageLibScaleRGBA8888(src.buffer(), other.buffer(), QVILResizeCubic, bogus, bogus, nullptr, nullptr));
   EXPECT_EQ(other.samples(), plain.pixels);
 }
 

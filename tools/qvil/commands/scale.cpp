@@ -43,7 +43,10 @@ const ScaleMode kModes[] = {
 template <typename Row, size_t n>
 std::string namesOf(const Row (&rows)[n]) {
   std::string names;
-  for (const Row& row : rows) names += (names.empty() ? "" : "|") + std::string(row.name);
+  for (const Row& row : rows) {
+    if (!names.empty()) names += '|';
+    names += row.name;
+  }
   return names;
 }
 
@@ -60,11 +63,11 @@ struct Word {
   uint32_t value;
 };
 
-const Word kFilters[] = {{"nn", IPPI_INTER_NN},         {"linear", IPPI_INTER_LINEAR}, {"cubic", IPPI_INTER_CUBIC},
-                         {"bspline", IPPI_INTER_BSPLINE}, {"catmullrom", IPPI_INTER_CR}, {"b05c03", IPPI_INTER_B05C03},
-                         {"super", IPPI_INTER_SUPER},   {"lanczos", IPPI_INTER_LANCZOS}};
-const Word kEdges[] = {{"none", 0}, {"smooth", IPPI_SMOOTH_EDGE}, {"subpixel", IPPI_SUBPIXEL_EDGE},
-                       {"antialias", IPPI_ANTIALIASING}};
+const Word kFilters[] = {{"nn", IPPI_INTER_NN},           {"linear", IPPI_INTER_LINEAR},  {"cubic", IPPI_INTER_CUBIC},
+                         {"bspline", IPPI_INTER_BSPLINE}, {"catmullrom", IPPI_INTER_CR},  {"b05c03", IPPI_INTER_B05C03},
+                         {"super", IPPI_INTER_SUPER},     {"lanczos", IPPI_INTER_LANCZOS}};
+const Word kEdges[] = {
+    {"none", 0}, {"smooth", IPPI_SMOOTH_EDGE}, {"subpixel", IPPI_SUBPIXEL_EDGE}, {"antialias", IPPI_ANTIALIASING}};
 
 constexpr long long kLargestSide = 65535;
 
@@ -105,8 +108,8 @@ void scaleImage(const std::string& input, const std::string& output, const Scale
 }
 
 // Through the square-pixel primitive, whole images, factors destination / source.
-void resizeSquarePixel(const std::string& input, const std::string& output, uint32_t interpolation,
-                       const Size* size, double factor) {
+void resizeSquarePixel(const std::string& input, const std::string& output, uint32_t interpolation, const Size* size,
+                       double factor) {
   qvil::Image source = qvil::readImage(input, 4, true);
   const Size target = size != nullptr ? *size : scaledSize(source.width, source.height, factor);
   qvil::Image destination(target.width, target.height, 4, source.bitsPerChannel);
@@ -119,10 +122,10 @@ void resizeSquarePixel(const std::string& input, const std::string& output, uint
   const double yf = static_cast<double>(target.height) / source.height;
   const int srcStep = static_cast<int>(source.rowBytes()), dstStep = static_cast<int>(destination.rowBytes());
   if (source.bitsPerChannel == 16)
-    status = ippiResizeSqrPixel_16u_C4R(reinterpret_cast<const Ipp16u*>(source.pixels.data()),
-                                        {source.width, source.height}, srcStep, srcRoi,
-                                        reinterpret_cast<Ipp16u*>(destination.pixels.data()), dstStep, dstRoi, xf, yf,
-                                        0, 0, interpolation, scratch.data());
+    status =
+        ippiResizeSqrPixel_16u_C4R(reinterpret_cast<const Ipp16u*>(source.pixels.data()), {source.width, source.height},
+                                   srcStep, srcRoi, reinterpret_cast<Ipp16u*>(destination.pixels.data()), dstStep,
+                                   dstRoi, xf, yf, 0, 0, interpolation, scratch.data());
   else
     status = ippiResizeSqrPixel_8u_C4R(source.pixels.data(), {source.width, source.height}, srcStep, srcRoi,
                                        destination.pixels.data(), dstStep, dstRoi, xf, yf, 0, 0, interpolation,
@@ -143,8 +146,8 @@ int runScale(const qvil::Arguments& arguments) {
   const double factor = sizeText.empty() ? arguments.real("factor", 0) : 0;
   const std::string filter = arguments.text("filter", "");
   if (!filter.empty()) {
-    const uint32_t word = rowNamed(kFilters, "--filter", filter).value |
-                          rowNamed(kEdges, "--edge", arguments.text("edge", "none")).value;
+    const uint32_t word =
+        rowNamed(kFilters, "--filter", filter).value | rowNamed(kEdges, "--edge", arguments.text("edge", "none")).value;
     resizeSquarePixel(arguments.positional()[0], arguments.positional()[1], word, sizeGiven, factor);
     return 0;
   }
@@ -181,8 +184,8 @@ void demoScale(const qvil::DemoContext& context) {
   const Size reduced{160, 107}, enlarged{1200, 800};
   const ScaleMode& lanczos = rowNamed(kModes, "--mode", "lanczos");
   scaleImage(input, context.directory + "/scale-reduced-lanczos.png", lanczos, &reduced, 0, 1);
-  scaleImage(input, context.directory + "/scale-reduced-linear.png", rowNamed(kModes, "--mode", "linear"), &reduced,
-             0, 1);
+  scaleImage(input, context.directory + "/scale-reduced-linear.png", rowNamed(kModes, "--mode", "linear"), &reduced, 0,
+             1);
   scaleImage(input, context.directory + "/scale-enlarged-lanczos.png", lanczos, &enlarged, 0, 1);
   printf(
       "scaled scale-source.png (480x320) to 160x107 (scale-reduced-lanczos.png, scale-reduced-linear.png) and\n"

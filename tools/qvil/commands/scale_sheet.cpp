@@ -12,13 +12,13 @@
 
 namespace {
 
-constexpr int kSide = 96;           // the source
+constexpr int kSide = 96;            // the source
 constexpr int kReduced = kSide / 3;  // shown at its own size under the enlargement
 constexpr int kEnlarged = kSide * 3;
 constexpr int kGap = 8;
 
-const char* const kModeNames[] = {"nearest", "linear", "cubic", "super",  "lanczos", "lanczos5",
-                                  "lanczos3", "none",  "low",   "medium", "high"};
+const char* const kModeNames[] = {"nearest",  "linear", "cubic", "super",  "lanczos", "lanczos5",
+                                  "lanczos3", "none",   "low",   "medium", "high"};
 
 // The gradient picture with a band of one-pixel stripes and a fine checkerboard, where aliasing
 // and ringing show.
@@ -61,7 +61,10 @@ void demoScaleSheet(const qvil::DemoContext& context) {
   }
   qvil::writeImage(context.directory + "/scale-modes.png", sheet);
   std::string order;
-  for (const char* name : kModeNames) order += (order.empty() ? "" : ", ") + std::string(name);
+  for (const char* name : kModeNames) {
+    if (!order.empty()) order += ", ";
+    order += name;
+  }
   printf(
       "scale-modes.png: scale-modes-source.png (%dx%d) enlarged to %dx%d (top) and reduced to %dx%d (below),\n"
       "one column a mode, left to right: %s\n",
