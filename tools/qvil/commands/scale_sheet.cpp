@@ -56,7 +56,7 @@ void demoScaleSheet(const qvil::DemoContext& context) {
   for (size_t i = 0; i < sheet.pixels.size(); ++i) sheet.pixels[i] = 255;
   for (int32_t mode = 0; mode < columns; ++mode) {
     const int left = kGap + mode * (kEnlarged + kGap);
-    paste(sheet, scaled(source, kEnlarged, mode), left, kGap);
+    if (mode != QVILResizeSuper) paste(sheet, scaled(source, kEnlarged, mode), left, kGap);  // super only reduces
     paste(sheet, scaled(source, kReduced, mode), left, kEnlarged + 2 * kGap);
   }
   qvil::writeImage(context.directory + "/scale-modes.png", sheet);
@@ -67,7 +67,7 @@ void demoScaleSheet(const qvil::DemoContext& context) {
   }
   printf(
       "scale-modes.png: scale-modes-source.png (%dx%d) enlarged to %dx%d (top) and reduced to %dx%d (below),\n"
-      "one column a mode, left to right: %s\n",
+      "one column a mode, left to right: %s (super reduces only)\n",
       kSide, kSide, kEnlarged, kEnlarged, kReduced, kReduced, order.c_str());
 }
 
