@@ -122,6 +122,49 @@ void decimatePixel(const ResizeJob& job, const CellWalker& rows, CellWalker* col
     out[c] = static_cast<T>(truncateSample(static_cast<double>(total[c]) * job.geometry.area + 0.5, maximum));
 }
 
+// Four samples times a weight, each product taken in double and kept as a float.
+QV_INLINE __m128 weightedFour(double w, __m128 v) {
+  const __m128d weight = _mm_set1_pd(w);
+  const __m128 low = _mm_cvtpd_ps(_mm_mul_pd(weight, _mm_cvtps_pd(v)));
+  const __m128 high = _mm_cvtpd_ps(_mm_mul_pd(weight, _mm_cvtps_pd(_mm_movehl_ps(v, v))));
+  return _mm_movelh_ps(low, high);
+}
+
+// Four sums times area plus 0.5, in double, truncated and saturated into four samples.
+template <typename T>
+QV_INLINE void storeMeans(T* out, __m128 total, double area) {
+  const __m128d scale = _mm_set1_pd(area), half = _mm_set1_pd(0.5);
+  const __m128i low = _mm_cvttpd_epi32(_mm_add_pd(_mm_mul_pd(_mm_cvtps_pd(total), scale), half));
+  const __m128i high = _mm_cvttpd_epi32(_mm_add_pd(_mm_mul_pd(_mm_cvtps_pd(_mm_movehl_ps(total, total)), scale), half));
+  const __m128i values = _mm_unpacklo_epi64(low, high);
+  if constexpr (sizeof(T) == 1) {
+    const __m128i words = _mm_packs_epi32(values, values);
+    store32(out, static_cast<uint32_t>(_mm_cvtsi128_si32(_mm_packus_epi16(words, words))));
+  } else {
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(out), packUnsignedWords(values, values));
+  }
+}
+
+// The four-channel form of decimatePixel, all four samples in one vector, the same sums.
+template <typename T>
+void decimatePixelFour(const ResizeJob& job, const CellWalker& rows, CellWalker* columns, T* out) {
+  __m128 total = _mm_setzero_ps();
+  const int lastColumn = job.srcWidth - 1;
+  const int lastRow = job.srcHeight - 1;
+  columns->cell([&](int index, double wx) {
+    const int x = clampIndex(index, lastColumn) * 4;
+    __m128 column = _mm_setzero_ps();
+    CellWalker cellRows = rows;
+    cellRows.cell([&](int row, double wy) {
+      const __m128 v =
+          widenPixel(reinterpret_cast<const T*>(rowAt(job.src, job.srcStep, clampIndex(row, lastRow))) + x);
+      column = _mm_add_ps(column, wy == 1.0 ? v : weightedFour(wy, v));
+    });
+    total = _mm_add_ps(total, wx == 1.0 ? column : weightedFour(wx, column));
+  });
+  storeMeans(out, total, job.geometry.area);
+}
+
 template <typename T, int kChannels>
 void decimatePartCells(const ResizeJob& job, CellStart xs, CellStart ys) {
   const ResizeGeometry& g = job.geometry;
@@ -129,7 +172,12 @@ void decimatePartCells(const ResizeJob& job, CellStart xs, CellStart ys) {
   for (int j = 0; j < g.height; ++j) {
     T* out = reinterpret_cast<T*>(rowAt(job.dst, job.dstStep, j));
     CellWalker columns(xs, g.xInverse);
-    for (int i = 0; i < g.width; ++i) decimatePixel<T, kChannels>(job, rows, &columns, out + i * kChannels);
+    for (int i = 0; i < g.width; ++i) {
+      if constexpr (kChannels == 4)
+        decimatePixelFour<T>(job, rows, &columns, out + i * 4);
+      else
+        decimatePixel<T, kChannels>(job, rows, &columns, out + i);
+    }
     rows.cell([](int, double) {});
   }
 }
