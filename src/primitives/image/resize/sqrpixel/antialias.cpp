@@ -20,20 +20,6 @@ double baseRadiusOf(Ipp32u kind) {
   return 2.0;
 }
 
-double cubicAt(Ipp32u kind, double x) {
-  const bool inner = x < 1.0;
-  switch (kind) {
-    case IPPI_INTER_CUBIC:
-      return inner ? (0.5 * x * x - x - 0.5) * x + 1.0 : (-x * x / 6.0 + x - 11.0 / 6.0) * x + 1.0;
-    case IPPI_INTER_BSPLINE:
-      return inner ? (0.5 * x * x - x) * x + 2.0 / 3.0 : (-x * x / 6.0 + x) * x + (4.0 / 3.0 - 2.0 * x);
-    case IPPI_INTER_CR:
-      return inner ? (1.5 * x - 2.5) * x * x + 1.0 : ((-0.5 * x + 2.5) * x - 4.0) * x + 2.0;
-    default:  // IPPI_INTER_B05C03
-      return inner ? (0.95 * x - 1.7) * x * x + 5.0 / 6.0 : ((-23.0 / 60.0 * x + 2.0) * x - 3.4) * x + 28.0 / 15.0;
-  }
-}
-
 // The kernel of the kind at distance d, zero from its radius on.
 double kernelAt(Ipp32u kind, double d) {
   if (d >= baseRadiusOf(kind)) return 0.0;
@@ -43,7 +29,7 @@ double kernelAt(Ipp32u kind, double d) {
     const double x = kPi * d;
     return (__builtin_sin(x) / x) * (__builtin_sin(x / 3.0) / (x / 3.0));
   }
-  return cubicAt(kind, d);
+  return cubicKernel(kind, d);
 }
 
 // The stretched kernel of one axis.

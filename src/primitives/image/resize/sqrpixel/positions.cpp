@@ -26,21 +26,6 @@ constexpr Lanczos3Table makeLanczos3Table() {
 
 constexpr Lanczos3Table kLanczos3 = makeLanczos3Table();
 
-double cubicKernel(Ipp32u kind, double x) {
-  if (x >= 2.0) return 0.0;
-  const bool inner = x < 1.0;
-  switch (kind) {
-    case IPPI_INTER_CUBIC:
-      return inner ? (0.5 * x * x - x - 0.5) * x + 1.0 : (-x * x / 6.0 + x - 11.0 / 6.0) * x + 1.0;
-    case IPPI_INTER_BSPLINE:
-      return inner ? (0.5 * x * x - x) * x + 2.0 / 3.0 : (-x * x / 6.0 + x) * x + (4.0 / 3.0 - 2.0 * x);
-    case IPPI_INTER_CR:
-      return inner ? (1.5 * x - 2.5) * x * x + 1.0 : ((-0.5 * x + 2.5) * x - 4.0) * x + 2.0;
-    default:  // IPPI_INTER_B05C03
-      return inner ? (0.95 * x - 1.7) * x * x + 5.0 / 6.0 : ((-23.0 / 60.0 * x + 2.0) * x - 3.4) * x + 28.0 / 15.0;
-  }
-}
-
 }  // namespace
 
 const float tblLanczos3[304] = {
@@ -55,6 +40,21 @@ const float tblLanczos3[304] = {
     QV_L3_ROW(280), QV_L3_ROW(288), QV_L3_ROW(296),
 #undef QV_L3_ROW
 };
+
+double cubicKernel(Ipp32u kind, double x) {
+  if (x >= 2.0) return 0.0;
+  const bool inner = x < 1.0;
+  switch (kind) {
+    case IPPI_INTER_CUBIC:
+      return inner ? (0.5 * x * x - x - 0.5) * x + 1.0 : (-x * x / 6.0 + x - 11.0 / 6.0) * x + 1.0;
+    case IPPI_INTER_BSPLINE:
+      return inner ? (0.5 * x * x - x) * x + 2.0 / 3.0 : (-x * x / 6.0 + x) * x + (4.0 / 3.0 - 2.0 * x);
+    case IPPI_INTER_CR:
+      return inner ? (1.5 * x - 2.5) * x * x + 1.0 : ((-0.5 * x + 2.5) * x - 4.0) * x + 2.0;
+    default:  // IPPI_INTER_B05C03
+      return inner ? (0.95 * x - 1.7) * x * x + 5.0 / 6.0 : ((-23.0 / 60.0 * x + 2.0) * x - 3.4) * x + 28.0 / 15.0;
+  }
+}
 
 int nearestIndex(int i, double inverse, double origin, int last) {
   const double x = (i + 0.5) * inverse + origin - 1e-10;

@@ -24,6 +24,9 @@ struct TapShape {
 };
 TapShape tapShapeOf(Ipp32u kind);
 
+// The cubic of the kind (4 to 7) at distance x, zero from 2 on.
+double cubicKernel(Ipp32u kind, double x);
+
 // The four weights of the cubic of the kind (4 to 7) for fraction f, unnormalised.
 void cubicWeights(Ipp32u kind, float f, float* weights);
 // The six Lanczos weights for fraction f, divided by their sum.
