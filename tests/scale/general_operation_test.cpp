@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <memory>
 #include <string>
 
@@ -110,6 +112,24 @@ TEST(ScaleGeneral, LinearRunsTheEngineAndFallsBackToTheFront) {
     EXPECT_EQ(f.pixels, squarePixel(thin, 4, 20, IPPI_INTER_LINEAR, bits));
     ASSERT_EQ(f.lines.size(), 1u);
     EXPECT_EQ(f.lines[0].rfind("Scale initialization error: ", 0), 0u) << f.lines[0];
+  }
+}
+
+// The linear engine rounds once from f32, ties to even; the square-pixel linear filter of the
+// fallback works in Q14 integers, half up: the two differ by one step at most.
+TEST(ScaleGeneral, LinearEngineAndItsFallbackDifferByOneStepAtMost) {
+  Image src = randomImage(53, 37, 8, 20);
+  for (auto [w, h] : {std::pair{29, 20}, std::pair{100, 71}, std::pair{41, 60}}) {
+    Image engine(w, h, 4, 8);
+    EXPECT_TRUE(resize()->imageLibScaleLinearRGBA8888(src.buffer(), engine.buffer(), 0));
+    const std::vector<int> front = squarePixel(src, w, h, IPPI_INTER_LINEAR, 8), fromEngine = engine.samples();
+    int largest = 0, differing = 0;
+    for (size_t i = 0; i < front.size(); ++i) {
+      largest = std::max(largest, std::abs(front[i] - fromEngine[i]));
+      differing += front[i] != fromEngine[i];
+    }
+    EXPECT_LE(largest, 1) << w << "x" << h;
+    EXPECT_GT(differing, 0) << w << "x" << h;
   }
 }
 
