@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <memory>
@@ -337,6 +338,31 @@ TEST(SqrPixelEdgeCases, AntialiasingOnANarrowRegionOfAWideImage) {
       sqrtest::expectMatchesReference(
           layout, {1000, 6, {500, 1, 20, 3}, 12, 6, {0, 0, 12, 6}, 0.5, 1.5, -245.0, -1.0, filter | IPPI_ANTIALIASING},
           ++seed);
+}
+
+}  // namespace
+
+namespace {
+
+// Factors of a billionth with a shift that still leaves one pixel whose centre the mapped
+// rectangle holds: super and the stretched kernels bound their cells and kernels at 16 times the
+// source, finish, and write a mean of the source there; NaN shifts leave no pixel.
+TEST(SqrPixelEdgeCases, FactorsFarBelowOnePixelFinish) {
+  qvtest::onEveryTier([](const qvtest::Tier&) {
+    Plane p = randomPlane(10, 10, 41);
+    const double shift = 0.5 - 5e-9;
+    for (uint32_t filter :
+         std::vector<uint32_t>{IPPI_INTER_SUPER, IPPI_INTER_LANCZOS | IPPI_ANTIALIASING, IPPI_INTER_LINEAR}) {
+      const Resized r = resize8(p, 3, 3, 1e-9, 1e-9, filter, shift, shift, 0x11);
+      EXPECT_EQ(r.status, ippStsNoErr) << filter;
+      const uint8_t lowest = *std::min_element(p.v.begin(), p.v.end());
+      const uint8_t highest = *std::max_element(p.v.begin(), p.v.end());
+      EXPECT_GE(r.pixels[0], lowest);
+      EXPECT_LE(r.pixels[0], highest);
+      EXPECT_EQ(std::vector<uint8_t>(r.pixels.begin() + 1, r.pixels.end()), std::vector<uint8_t>(8, 0x11));
+    }
+    EXPECT_EQ(resize8(p, 3, 3, 0.5, 0.5, IPPI_INTER_CUBIC, std::nan(""), 0.0).status, ippStsNoOperation);
+  });
 }
 
 }  // namespace

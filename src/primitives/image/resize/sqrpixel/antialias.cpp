@@ -109,8 +109,8 @@ class AntialiasedResize {
   explicit AntialiasedResize(const ResizeJob& job)
       : job_(job),
         g_(job.geometry),
-        x_(axisKernel(g_.kind, g_.xInverse, g_.xOrigin, job.srcWidth)),
-        y_(axisKernel(g_.kind, g_.yInverse, g_.yOrigin, job.srcHeight)) {}
+        x_(axisKernel(g_.kind, ownpiBoundedInverse(g_.xInverse, job), g_.xOrigin, job.srcWidth)),
+        y_(axisKernel(g_.kind, ownpiBoundedInverse(g_.yInverse, job), g_.yOrigin, job.srcHeight)) {}
 
   void run() {
     if (tableBytes() <= job_.scratchBytes)

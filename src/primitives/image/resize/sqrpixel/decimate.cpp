@@ -184,15 +184,20 @@ void decimatePartCells(const ResizeJob& job, CellStart xs, CellStart ys) {
 
 template <typename T, int kChannels>
 void decimate(const ResizeJob& job) {
-  const ResizeGeometry& g = job.geometry;
+  ResizeJob bounded = job;
+  ResizeGeometry& g = bounded.geometry;
+  g.xInverse = ownpiBoundedInverse(g.xInverse, job);
+  g.yInverse = ownpiBoundedInverse(g.yInverse, job);
+  if (g.xInverse != job.geometry.xInverse || g.yInverse != job.geometry.yInverse)
+    g.area = 1.0 / (g.xInverse * g.yInverse);  // the mean of the bounded cell
   const CellStart xs = cellStart(g.x0, g.xInverse, g.xOrigin);
   const CellStart ys = cellStart(g.y0, g.yInverse, g.yOrigin);
   const bool wholeCells = fractionOf(g.xInverse) <= 1e-7 && fractionOf(g.yInverse) <= 1e-7 &&
                           fractionOf(xs.cover) <= 1e-7 && fractionOf(ys.cover) <= 1e-7;
   if (wholeCells)
-    decimateWholeCells<T, kChannels>(job, xs, ys, static_cast<int>(g.xInverse), static_cast<int>(g.yInverse));
+    decimateWholeCells<T, kChannels>(bounded, xs, ys, static_cast<int>(g.xInverse), static_cast<int>(g.yInverse));
   else
-    decimatePartCells<T, kChannels>(job, xs, ys);
+    decimatePartCells<T, kChannels>(bounded, xs, ys);
 }
 
 }  // namespace

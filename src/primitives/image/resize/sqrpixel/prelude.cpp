@@ -43,15 +43,25 @@ Ipp32u kindForSource(Ipp32u filter, IppiSize srcSize) {
 
 bool emptyOrNegative(IppiRect r) { return r.x < 0 || r.y < 0 || r.width <= 0 || r.height <= 0; }
 
+// Truncation to an int, held inside the int's range (factors and shifts far out of proportion
+// give positions no int holds).
+int truncateToInt(double v) {
+  if (v <= -2147483648.0) return -2147483647 - 1;
+  if (v >= 2147483647.0) return 2147483647;
+  return static_cast<int>(v);
+}
+
 // Whole pixels of [low, high): with an edge flag only the pixels wholly inside, else the pixels
-// whose centres are inside.
+// whose centres are inside. An edge that is not a number gives no pixel.
 void wholePixels(double low, double high, bool edgeFlag, int* first, int* end) {
-  if (edgeFlag) {
-    *first = static_cast<int>(__builtin_ceil(low - 1e-10));
-    *end = static_cast<int>(__builtin_floor(high + 1e-10));
+  if (low != low || high != high) {
+    *first = *end = 0;
+  } else if (edgeFlag) {
+    *first = truncateToInt(__builtin_ceil(low - 1e-10));
+    *end = truncateToInt(__builtin_floor(high + 1e-10));
   } else {
-    *first = static_cast<int>(low + 0.4999999999);
-    *end = static_cast<int>(high + 0.5000000001);
+    *first = truncateToInt(low + 0.4999999999);
+    *end = truncateToInt(high + 0.5000000001);
   }
 }
 

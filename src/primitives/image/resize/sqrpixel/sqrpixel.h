@@ -64,6 +64,14 @@ void ownpiResizeLinear8(const ResizeJob& job);
 void ownpiResizeFloat(const ResizeJob& job);
 void ownpiDecimate(const ResizeJob& job);
 
+// The inverse factor that super cells and stretched kernels use: as given, but at most 16 times
+// the source's larger side, past which a cell or kernel only repeats the edge pixels over and
+// over (and its tap count would leave any integer).
+QV_INLINE double ownpiBoundedInverse(double inverse, const ResizeJob& job) {
+  const double bound = 16.0 * (job.srcWidth > job.srcHeight ? job.srcWidth : job.srcHeight) + 16.0;
+  return inverse < bound ? inverse : bound;
+}
+
 // Coverage passes over the row and column just outside the written rectangle.
 void ownpiEdgePass(const ResizeJob& job, bool smooth);
 
