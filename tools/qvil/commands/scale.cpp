@@ -28,7 +28,7 @@ struct ScaleMode {
 const ScaleMode kModes[] = {
     {"nearest", QVILResizeNearestNeighbor, "the pixel under each centre"},
     {"linear", QVILResizeLinear,
-     "two taps a direction in f32, in strips; a source under 2 x 2 falls back to the fixed-point linear filter"},
+     "two taps a direction in f32, in strips\n      (a source under 2 x 2: the fixed-point linear filter)"},
     {"cubic", QVILResizeCubic, "cubic through four points, 4 taps a direction"},
     {"super", QVILResizeSuper, "the mean of the area each pixel covers (reductions only)"},
     {"lanczos", QVILResizeLanczos, "Lanczos of 3 lobes, six taps a direction, in strips (a source from 6 x 6)"},
@@ -161,15 +161,15 @@ int runScale(const qvil::Arguments& arguments) {
 std::string usage() {
   std::string text =
       "scale INPUT OUTPUT (--size WIDTHxHEIGHT | --factor F) [--mode MODE] [--threads WORD]\n"
-      "scale INPUT OUTPUT (--size WIDTHxHEIGHT | --factor F) --filter FILTER [--edge EDGE]\n"
+      "   or: qvil scale INPUT OUTPUT (--size WIDTHxHEIGHT | --factor F) --filter FILTER [--edge EDGE]\n"
       "  The depth of the input (8 or 16 bits a channel) is kept; write 16 bits as .pam.\n"
       "  --factor multiplies both sides and rounds. WORD: the multithread option word: mode in\n"
       "  bits 0-15 (0 calling thread, 2 physical processors, other values logical processors),\n"
       "  strip limit in bits 16-31 (0 none). MODE (default linear):";
   for (const ScaleMode& mode : kModes) text += std::string("\n    ") + mode.name + ": " + mode.summary;
-  text += "\n  --filter runs the square-pixel resize itself with FILTER (" + namesOf(kFilters) +
+  text += "\n  --filter runs the square-pixel resize itself with FILTER\n    (" + namesOf(kFilters) +
           ")\n  and at most one EDGE flag (" + namesOf(kEdges) +
-          "); antialias stretches the kernel on reduction.\n  Equal sizes copy in every MODE, not with --filter.";
+          ");\n  antialias stretches the kernel on reduction. Equal sizes copy in every MODE, not with --filter.";
   return text;
 }
 
