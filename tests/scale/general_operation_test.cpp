@@ -13,6 +13,7 @@
 #include "qvimage/QVILResize.h"
 #include "qvimage/ippcore.h"
 #include "qvimage/ippi.h"
+#include "scale/kept_blocks.h"
 #include "scale/scale_support.h"
 #include "support/log_capture.h"
 
@@ -50,7 +51,12 @@ Outcome scaleRGBA(Image& src, int dstW, int dstH, int32_t mode, int bits, uint32
   Image dst(dstW, dstH, 4, bits);
   dst.fill(fill);
   qvtest::LogCapture log;
+  const size_t held = scaletest::blocksHeld();
   const bool answer = resize()->imageLibScaleRGBA(src.buffer(), dst.buffer(), mode, options, bits);
+  // Only the linear engine keeps a block (its scratch, on the calling thread).
+  if (mode != QVILResizeLinear) {
+    EXPECT_EQ(scaletest::blocksHeld(), held) << "mode " << mode;
+  }
   EXPECT_EQ(dst.padding(), std::vector<uint8_t>(dst.padding().size(), 0xA5));
   return {answer, dst.samples(), log.lines()};
 }

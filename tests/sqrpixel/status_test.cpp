@@ -24,7 +24,7 @@ struct Args {
 
 // The call's status; the destination and the scratch must be as they were.
 IppStatus run(const Layout& layout, const Args& a) {
-  TestImage src(12, 10, layout.pixelBytes(), 4, 1);
+  TestImage src(12, 10, layout.pixelBytes(), 4, layout.bits == 8 ? 1 : 2);
   src.fillRandom(5);
   TestImage dst(20, 20, layout.pixelBytes(), 4, 2);
   dst.fill(0x3C);
