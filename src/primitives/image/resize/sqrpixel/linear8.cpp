@@ -187,13 +187,17 @@ class LinearResize8 {
     const int end = cols_.end * kChannels;
     const __m128i weights = _mm_set1_epi32((16384 - wy) | (wy << 16));
     const __m128i bias = _mm_set1_epi32(0x80000);
-    int s = first;
-    for (; s + 8 <= end; s += 8) {
-      const __m128i a = loadBlock(r0 + s);
-      const __m128i b = loadBlock(r1 + s);
+    auto blendEight = [&](int at) {
+      const __m128i a = loadBlock(r0 + at);
+      const __m128i b = loadBlock(r1 + at);
       const __m128i low = _mm_srai_epi32(_mm_add_epi32(_mm_madd_epi16(_mm_unpacklo_epi16(a, b), weights), bias), 20);
       const __m128i high = _mm_srai_epi32(_mm_add_epi32(_mm_madd_epi16(_mm_unpackhi_epi16(a, b), weights), bias), 20);
-      const __m128i words = _mm_packs_epi32(low, high);
+      return _mm_packs_epi32(low, high);
+    };
+    int s = first;
+    for (; s + 16 <= end; s += 16) storeBlock(out + s, _mm_packus_epi16(blendEight(s), blendEight(s + 8)));
+    for (; s + 8 <= end; s += 8) {
+      const __m128i words = blendEight(s);
       _mm_storel_epi64(reinterpret_cast<__m128i*>(out + s), _mm_packus_epi16(words, words));
     }
     for (; s < end; ++s) {
