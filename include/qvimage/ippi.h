@@ -8,5 +8,7 @@
 #include "ippi_copy.h"
 #include "ippi_geometry.h"
 #include "ippi_region.h"
+#include "ippi_resize.h"
+#include "ippi_resize_sqrpixel.h"
 
 #endif
