@@ -8,5 +8,6 @@
 #include "ippi_copy.h"
 #include "ippi_geometry.h"
 #include "ippi_region.h"
+#include "ippi_warp.h"
 
 #endif

@@ -1,0 +1,93 @@
+// The affine warp driver and ippiWarpAffine_8u_C1R.
+
+#include "primitives/image/geometry/warp/warp_affine.h"
+
+#include "primitives/data/memory/memory.h"
+#include "primitives/image/geometry/warp/affine_kernels.h"
+#include "primitives/image/geometry/warp/quad.h"
+#include "primitives/image/geometry/warp/smooth_border.h"
+#include "primitives/image/geometry/warp/warp_checks.h"
+
+namespace QV_TIER {
+namespace {
+
+int affineColumnOf(unsigned filter) {
+  switch (filter) {
+    case IPPI_INTER_NN:
+      return kColumnNearest;
+    case IPPI_INTER_LINEAR:
+      return kColumnLinear;
+    case IPPI_INTER_CUBIC:
+      return kColumnCubic;
+    case IPPI_INTER_CR:
+      return kColumnCatmullRom;
+    default:
+      return -1;
+  }
+}
+
+// The inverse map from the quad's first three corners: with A = q1x - q0x, B = q2x - q1x,
+// C = q1y - q0y, D = q2y - q1y and r = 1 / (A D - B C), over the region's extent w x h.
+// Answers the winding: r > 0.
+bool inverseFromQuad(const double quad[4][2], IppiRect region, double m[6]) {
+  const double a = quad[1][0] - quad[0][0], b = quad[2][0] - quad[1][0];
+  const double c = quad[1][1] - quad[0][1], d = quad[2][1] - quad[1][1];
+  const double r = 1 / (a * d - b * c);
+  const double w = region.width - 1, h = region.height - 1;
+  m[0] = d * w * r;
+  m[1] = -b * w * r;
+  m[3] = -c * h * r;
+  m[4] = a * h * r;
+  m[2] = region.x - m[0] * quad[0][0] - m[1] * quad[0][1];
+  m[5] = region.y - m[3] * quad[0][0] - m[4] * quad[0][1];
+  return r > 0;
+}
+
+}  // namespace
+
+IppStatus ownpi_WarpAffine(const Ipp8u* pSrc, IppiSize srcSize, int srcStep, IppiRect srcRoi, Ipp8u* pDst, int dstStep,
+                           IppiRect dstRoi, const double coeffs[2][3], int interpolation, int type) {
+  if (pSrc == nullptr || pDst == nullptr) return ippStsNullPtrErr;
+  if (!warpSizesValid(srcSize, srcRoi, dstRoi)) return ippStsSizeErr;
+  int column = affineColumnOf(filterOf(interpolation));
+  if (column < 0) return ippStsInterpolationErr;
+  if (isNearlySingular(coeffs[0][0], coeffs[0][1], coeffs[1][0], coeffs[1][1])) return ippStsCoeffErr;
+  column = lowerColumnForSource(column, srcSize);
+  IppiRect region;
+  const IppStatus cut = cutRegionToSource(srcRoi, srcSize, &region);
+  if (cut != ippStsNoErr) return cut;
+  double quad[4][2];
+  if (ippiGetAffineQuad(region, quad, coeffs) != ippStsNoErr) return ippStsCoeffErr;
+
+  WarpRows job{};
+  const bool winding = inverseFromQuad(quad, region, job.inverse);
+  const IppiPoint first = firstCornerOf(dstRoi), last = lastCornerOf(dstRoi);
+  int* spans = ownpi_ClipQuad(quad, first, last, winding, &job.firstRow, &job.lastRow);
+  if (spans == nullptr) return ippStsWrongIntersectQuad;
+  job.src = pSrc;
+  job.srcStep = srcStep;
+  job.dst = rowAt(pDst, dstStep, job.firstRow);
+  job.dstStep = dstStep;
+  job.spans = spans;
+  job.limitX = srcSize.width - 1;
+  job.limitY = srcSize.height - 1;
+  if (column == kColumnCubic) {
+    job.scratch = ippsMalloc_32f(2 * dstRoi.width);
+    if (job.scratch == nullptr) {
+      ippsFree(spans);
+      return ippStsMemAllocErr;
+    }
+  }
+  ownpi_affineKernel(type, column)(job);
+  ippsFree(job.scratch);
+  ippsFree(spans);
+  if (smoothsEdges(interpolation)) ownpi_SmoothBorder(pDst, dstStep, type, quad, first, last, winding);
+  return ippStsNoErr;
+}
+
+IppStatus ippiWarpAffine_8u_C1R(const Ipp8u* pSrc, IppiSize srcSize, int srcStep, IppiRect srcRoi, Ipp8u* pDst,
+                                int dstStep, IppiRect dstRoi, const double coeffs[2][3], int interpolation) {
+  return ownpi_WarpAffine(pSrc, srcSize, srcStep, srcRoi, pDst, dstStep, dstRoi, coeffs, interpolation, kType8uC1);
+}
+
+}  // namespace QV_TIER
