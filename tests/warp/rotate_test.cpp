@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <vector>
 
 #include "support/images.h"
@@ -149,6 +150,34 @@ TEST(Rotate, QuarterTurnKernelsOfEveryInterleavedLayout) {
             }
           }
         return dst;
+      });
+    }
+}
+
+// Turns of pictures larger than the caches store whole rows around the cache (where the rows are
+// aligned): the same pixels.
+TEST(Rotate, LargeQuarterTurnsEqualIndexArithmetic) {
+  for (Kind kind : {Kind::u8c4, Kind::u16c4})
+    for (double angle : {90.0, 270.0}) {
+      SCOPED_TRACE(testing::Message() << "kind " << static_cast<int>(kind) << " angle " << angle);
+      // More than 16 MiB read and written.
+      const int w = kind == Kind::u8c4 ? 1501 : 1067, h = kind == Kind::u8c4 ? 1419 : 1003;
+      const Image src = warptest::randomImage(kind, w, h, 77);
+      const int pixelBytes = warptest::pixelBytesOf(kind);
+      std::vector<uint8_t> expected(src.bytes.size());
+      for (int y = 0; y < w; ++y)
+        for (int x = 0; x < h; ++x) {
+          const int sx = angle == 90 ? w - 1 - y : y, sy = angle == 90 ? x : h - 1 - x;
+          std::memcpy(&expected[static_cast<size_t>(y * h + x) * pixelBytes], src.pixel(sx, sy),
+                      static_cast<size_t>(pixelBytes));
+        }
+      qvtest::onEveryTier([&](const qvtest::Tier&) {
+        qvtest::TestImage dst(h, w, pixelBytes, 64 - (h * pixelBytes) % 64, 0);
+        EXPECT_EQ(callRotate(kind, src.bytes.data(), {w, h}, src.step(), {0, 0, w, h}, dst.data(), dst.step(),
+                             {0, 0, h, w}, angle, angle == 90 ? 0 : h - 1, angle == 90 ? w - 1 : 0, IPPI_INTER_NN),
+                  ippStsNoErr);
+        EXPECT_TRUE(dst.pixels() == expected);
+        EXPECT_TRUE(dst.surroundingsIntact());
       });
     }
 }

@@ -1,6 +1,7 @@
 // The vector interpolators: a row of source points to a row of pixels.
 
 #include "primitives/image/geometry/warp/interpolators.h"
+#include "primitives/image/geometry/warp/linear_taps.h"
 #include "primitives/image/geometry/warp/pixel_blend.h"
 #include "primitives/image/geometry/warp/warp_types.h"
 
@@ -90,14 +91,38 @@ void cubicVectorScalar(const Sample* src, int srcStep, Sample* dst, const float*
 
 void ownpi_dInterVector_NN_8_C4(const Ipp8u* src, int srcStep, Ipp8u* dst, const float* x, const float* y, int count,
                                 int, int) {
-  for (int i = 0; i < count; ++i)
-    store32(dst + 4 * i, load32(pixelAt(src, srcStep, roundToInt(x[i]), roundToInt(y[i]), 4)));
+  int i = 0;
+  for (; i + 4 <= count; i += 4) {
+    const __m128i columns = _mm_cvtps_epi32(_mm_loadu_ps(x + i));
+    const __m128i rows = _mm_cvtps_epi32(_mm_loadu_ps(y + i));
+    store32(dst + 4 * i, load32(pixelAt(src, srcStep, laneOf<0>(columns), laneOf<0>(rows), 4)));
+    store32(dst + 4 * i + 4, load32(pixelAt(src, srcStep, laneOf<1>(columns), laneOf<1>(rows), 4)));
+    store32(dst + 4 * i + 8, load32(pixelAt(src, srcStep, laneOf<2>(columns), laneOf<2>(rows), 4)));
+    store32(dst + 4 * i + 12, load32(pixelAt(src, srcStep, laneOf<3>(columns), laneOf<3>(rows), 4)));
+  }
+  for (; i < count; ++i) store32(dst + 4 * i, load32(pixelAt(src, srcStep, roundToInt(x[i]), roundToInt(y[i]), 4)));
 }
 
+// Four points a turn, blended two by two.
 void ownpi_dInterVector_L_8u_C4(const Ipp8u* src, int srcStep, Ipp8u* dst, const float* x, const float* y, int count,
                                 int limitX, int limitY) {
   const __m128i bias = _mm_set1_epi32(33);
-  for (int i = 0; i < count; ++i) {
+  const __m128i limitsX = _mm_set1_epi32(limitX), limitsY = _mm_set1_epi32(limitY);
+  int i = 0;
+  for (; i + 4 <= count; i += 4) {
+    const LinearTaps4 taps = linearTaps4(x + i, y + i, limitsX, limitsY);
+    const Ipp8u* top0 = pixelAt(src, srcStep, laneOf<0>(taps.xIndices), laneOf<0>(taps.yIndices), 4);
+    const Ipp8u* top1 = pixelAt(src, srcStep, laneOf<1>(taps.xIndices), laneOf<1>(taps.yIndices), 4);
+    const Ipp8u* top2 = pixelAt(src, srcStep, laneOf<2>(taps.xIndices), laneOf<2>(taps.yIndices), 4);
+    const Ipp8u* top3 = pixelAt(src, srcStep, laneOf<3>(taps.xIndices), laneOf<3>(taps.yIndices), 4);
+    blendLinearPair(dst + 4 * i, top0, rowAt(top0, srcStep, 1), broadcastLane<0>(taps.xWeights),
+                    broadcastLane<0>(taps.yWeights), top1, rowAt(top1, srcStep, 1), broadcastLane<1>(taps.xWeights),
+                    broadcastLane<1>(taps.yWeights), bias);
+    blendLinearPair(dst + 4 * i + 8, top2, rowAt(top2, srcStep, 1), broadcastLane<2>(taps.xWeights),
+                    broadcastLane<2>(taps.yWeights), top3, rowAt(top3, srcStep, 1), broadcastLane<3>(taps.xWeights),
+                    broadcastLane<3>(taps.yWeights), bias);
+  }
+  for (; i < count; ++i) {
     const LinearTap tx = linearTap(x[i], limitX);
     const LinearTap ty = linearTap(y[i], limitY);
     const Ipp8u* top = pixelAt(src, srcStep, tx.index, ty.index, 4);
@@ -106,9 +131,36 @@ void ownpi_dInterVector_L_8u_C4(const Ipp8u* src, int srcStep, Ipp8u* dst, const
   }
 }
 
+// The sixteen taps of one plane pixel in one register: row sums from multiply-adds of the 16-bit
+// samples with w0..w3, then the rows (within 16 bits) with their weights.
 void ownpi_dInterVectorClip_C_8u_C1(const Ipp8u* src, int srcStep, Ipp8u* dst, const float* x, const float* y,
                                     int count, int lowX, int lowY, int highX, int highY, int limitX, int limitY) {
-  cubicVectorScalar<Ipp8u, int, 1>(src, srcStep, dst, x, y, count, lowX, lowY, highX, highY, limitX, limitY, 255);
+  const __m128i zero = _mm_setzero_si128();
+  for (int i = 0; i < count; ++i) {
+    if (outsideBox(x[i], y[i], lowX, lowY, highX, highY)) continue;
+    const CubicTap tx = cubicTap(x[i], limitX);
+    const CubicTap ty = cubicTap(y[i], limitY);
+    const uint32_t near = load32(ownpi_cubicWeights.entries[tx.t]);
+    const uint32_t far = load32(ownpi_cubicWeights.entries[1536 - tx.t]);
+    const __m128i wx = _mm_set1_epi64x(
+        static_cast<long long>(static_cast<uint64_t>(near) | static_cast<uint64_t>((far >> 16) | (far << 16)) << 32));
+    const uint32_t nearY = load32(ownpi_cubicWeights.entries[ty.t]);
+    const uint32_t farY = load32(ownpi_cubicWeights.entries[1536 - ty.t]);
+    const __m128i wy = _mm_setr_epi32(static_cast<int>(nearY), static_cast<int>((farY >> 16) | (farY << 16)), 0, 0);
+    const Ipp8u* first = pixelAt(src, srcStep, tx.index, ty.index, 1);
+    const __m128i taps = _mm_setr_epi32(
+        static_cast<int>(load32(first)), static_cast<int>(load32(rowAt(first, srcStep, 1))),
+        static_cast<int>(load32(rowAt(first, srcStep, 2))), static_cast<int>(load32(rowAt(first, srcStep, 3))));
+    const __m128i upper = _mm_madd_epi16(_mm_unpacklo_epi8(taps, zero), wx);  // rows 0, 1: two halves each
+    const __m128i lower = _mm_madd_epi16(_mm_unpackhi_epi8(taps, zero), wx);  // rows 2, 3
+    const __m128i rows = _mm_srai_epi32(
+        _mm_add_epi32(_mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(upper), _mm_castsi128_ps(lower), 0x88)),
+                      _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(upper), _mm_castsi128_ps(lower), 0xDD))),
+        8);
+    const __m128i halves = _mm_madd_epi16(_mm_packs_epi32(rows, rows), wy);
+    const int total = _mm_cvtsi128_si32(_mm_add_epi32(halves, _mm_shuffle_epi32(halves, 1)));
+    dst[i] = static_cast<Ipp8u>(minOf(maxOf((total + 524288) >> 20, 0), 255));
+  }
 }
 
 void ownpi_dInterVectorClip_C_8u_C4(const Ipp8u* src, int srcStep, Ipp8u* dst, const float* x, const float* y,

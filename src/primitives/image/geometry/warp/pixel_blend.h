@@ -48,6 +48,23 @@ QV_INLINE __m128i blendLinear(const Ipp8u* top, const Ipp8u* bottom, __m128i xWe
   return blendColumns(upper, lower, yWeights, bias);
 }
 
+// One row of a linear blend: (p0 (16384 - fx) + p1 fx) >> 8 per channel, from the two pixels
+// at p.
+QV_INLINE __m128i blendRow(const Ipp8u* p, __m128i xWeights) {
+  return _mm_srai_epi32(_mm_madd_epi16(pairChannels(loadPixelPair(p)), xWeights), 8);
+}
+
+// Linear blends of two pixels, a and b, stored together at out.
+QV_INLINE void blendLinearPair(Ipp8u* out, const Ipp8u* topA, const Ipp8u* bottomA, __m128i xA, __m128i yA,
+                               const Ipp8u* topB, const Ipp8u* bottomB, __m128i xB, __m128i yB, __m128i bias) {
+  const __m128i tops = _mm_packs_epi32(blendRow(topA, xA), blendRow(topB, xB));
+  const __m128i bottoms = _mm_packs_epi32(blendRow(bottomA, xA), blendRow(bottomB, xB));
+  const __m128i a = _mm_srai_epi32(_mm_add_epi32(_mm_madd_epi16(_mm_unpacklo_epi16(tops, bottoms), yA), bias), 20);
+  const __m128i b = _mm_srai_epi32(_mm_add_epi32(_mm_madd_epi16(_mm_unpackhi_epi16(tops, bottoms), yB), bias), 20);
+  const __m128i words = _mm_packs_epi32(a, b);
+  _mm_storel_epi64(reinterpret_cast<__m128i*>(out), _mm_packus_epi16(words, words));
+}
+
 // The cubic weights at t as two pairs: (w0, w1) and (w2, w3).
 struct CubicPairs {
   __m128i first, second;
@@ -78,15 +95,10 @@ QV_INLINE __m128i cubicColumns(__m128i r0, __m128i r1, __m128i r2, __m128i r3, c
   return _mm_srai_epi32(_mm_add_epi32(_mm_add_epi32(near, far), _mm_set1_epi32(524288)), 20);
 }
 
-// Four 32-bit lanes saturated to 0..255, stored as one pixel; two pixels stored together.
+// Four 32-bit lanes saturated to 0..255, stored as one pixel.
 QV_INLINE void storePixel(Ipp8u* p, __m128i lanes) {
   const __m128i words = _mm_packs_epi32(lanes, lanes);
   store32(p, static_cast<uint32_t>(_mm_cvtsi128_si32(_mm_packus_epi16(words, words))));
-}
-
-QV_INLINE void storePixelPair(Ipp8u* p, __m128i first, __m128i second) {
-  const __m128i words = _mm_packs_epi32(first, second);
-  _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_packus_epi16(words, words));
 }
 
 }  // namespace QV_TIER
