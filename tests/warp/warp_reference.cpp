@@ -349,6 +349,12 @@ IppStatus cutRegion(IppiRect srcRoi, IppiSize srcSize, IppiRect* region) {
 }
 
 IppiPoint firstOf(IppiRect r) { return {r.x, r.y}; }
+
+// The region's corner pixels around its outline.
+Quad cornersOf(IppiRect region) {
+  const double x0 = region.x, y0 = region.y, x1 = region.x + region.width - 1.0, y1 = region.y + region.height - 1.0;
+  return {{{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}}};
+}
 IppiPoint lastOf(IppiRect r) { return {r.x + r.width - 1, r.y + r.height - 1}; }
 
 }  // namespace
@@ -363,8 +369,7 @@ IppStatus warpAffine(const Image& src, IppiSize srcSize, IppiRect srcRoi, Image&
   IppiRect region;
   if (const IppStatus cut = cutRegion(srcRoi, srcSize, &region); cut != ippStsNoErr) return cut;
   // The region's quad.
-  const double x0 = region.x, y0 = region.y, x1 = region.x + region.width - 1.0, y1 = region.y + region.height - 1.0;
-  const double corners[4][2] = {{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}};
+  const Quad corners = cornersOf(region);
   Quad quad;
   for (int i = 0; i < 4; ++i) {
     quad[i][0] = c[0][0] * corners[i][0] + c[0][1] * corners[i][1] + c[0][2];
@@ -428,8 +433,7 @@ IppStatus warpPerspective(const Image& src, IppiSize srcSize, IppiRect srcRoi, I
   filter = lowerFilter(filter, srcSize);
   IppiRect region;
   if (const IppStatus cut = cutRegion(srcRoi, srcSize, &region); cut != ippStsNoErr) return cut;
-  const double x0 = region.x, y0 = region.y, x1 = region.x + region.width - 1.0, y1 = region.y + region.height - 1.0;
-  const double corners[4][2] = {{x0, y0}, {x1, y0}, {x1, y1}, {x0, y1}};
+  const Quad corners = cornersOf(region);
   Quad quad;
   for (int i = 0; i < 4; ++i) {
     const double x = corners[i][0], y = corners[i][1];

@@ -7,17 +7,11 @@
 
 #include "command.h"
 #include "image_io.h"
-#include "number_list.h"
 #include "qvimage/QVILResize.h"
 #include "synthetic.h"
+#include "warp_options.h"
 
 namespace {
-
-int32_t parseMode(const std::string& text) {
-  if (text == "linear") return 1;
-  if (text == "cubic") return 2;
-  throw qvil::UsageError("--mode must be linear or cubic, not '" + text + "'");
-}
 
 void warpOntoQuad(const std::string& input, const std::string& output, const std::vector<double>& corners,
                   int32_t mode) {
@@ -45,7 +39,7 @@ int runPerspective(const qvil::Arguments& arguments) {
   if (arguments.text("quad", "").empty()) throw qvil::UsageError("--quad x0,y0,x1,y1,x2,y2,x3,y3 is required");
   warpOntoQuad(arguments.positional()[0], arguments.positional()[1],
                qvil::parseNumberList("--quad", arguments.text("quad", ""), 8),
-               parseMode(arguments.text("mode", "linear")));
+               qvil::parseWarpMode(arguments.text("mode", "linear"), false));
   return 0;
 }
 

@@ -10,16 +10,9 @@
 #include "qvimage/QVILResize.h"
 #include "qvimage/ippi.h"
 #include "synthetic.h"
+#include "warp_options.h"
 
 namespace {
-
-// The public operation's modes: 0 nearest, 1 linear, 2 cubic.
-int32_t parseMode(const std::string& text) {
-  if (text == "nearest") return 0;
-  if (text == "linear") return 1;
-  if (text == "cubic") return 2;
-  throw qvil::UsageError("--mode must be nearest, linear or cubic, not '" + text + "'");
-}
 
 // Each 8-bit channel s becomes s * 257.
 qvil::Image widened(const qvil::Image& image) {
@@ -60,7 +53,7 @@ int runRotate(const qvil::Arguments& arguments) {
   const long long bits = arguments.integer("bits", 8, 8, 16);
   if (bits != 8 && bits != 16) throw qvil::UsageError("--bits must be 8 or 16");
   rotateImage(arguments.positional()[0], arguments.positional()[1], static_cast<float>(arguments.real("angle", 0)),
-              parseMode(arguments.text("mode", "linear")), static_cast<int>(bits));
+              qvil::parseWarpMode(arguments.text("mode", "linear"), true), static_cast<int>(bits));
   return 0;
 }
 
@@ -81,8 +74,9 @@ void demoRotate(const qvil::DemoContext& context) {
   rotateImage(input, context.directory + "/rotate-30-linear.png", 30, 1, 8);
   rotateImage(input, context.directory + "/rotate-30-cubic.png", 30, 2, 8);
   rotateImage(input, context.directory + "/rotate-90.png", 90, 1, 8);
-  printf("turned rotate-source.png by 30 degrees (rotate-30-linear.png, rotate-30-cubic.png) and by a quarter "
-         "(rotate-90.png)\n");
+  printf(
+      "turned rotate-source.png by 30 degrees (rotate-30-linear.png, rotate-30-cubic.png) and by a quarter "
+      "(rotate-90.png)\n");
 }
 
 const qvil::DemoRegistration demo({52, "rotation by 30 degrees and by a quarter turn", demoRotate});

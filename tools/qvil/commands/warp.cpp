@@ -7,20 +7,13 @@
 
 #include "command.h"
 #include "image_io.h"
-#include "number_list.h"
 #include "qvimage/QVILResize.h"
 #include "synthetic.h"
+#include "warp_options.h"
 
 namespace {
 
 constexpr double kLargestSide = 32768;
-
-int32_t parseMode(const std::string& text) {
-  if (text == "nearest") return 0;
-  if (text == "linear") return 1;
-  if (text == "cubic") return 2;
-  throw qvil::UsageError("--mode must be nearest, linear or cubic, not '" + text + "'");
-}
 
 // The output reaches from (0, 0) to the farthest mapped corner of the source.
 void mappedSize(const std::vector<double>& m, int width, int height, int* outWidth, int* outHeight) {
@@ -54,7 +47,7 @@ int runWarp(const qvil::Arguments& arguments) {
   if (arguments.text("matrix", "").empty()) throw qvil::UsageError("--matrix a,b,c,d,e,f is required");
   warpImage(arguments.positional()[0], arguments.positional()[1],
             qvil::parseNumberList("--matrix", arguments.text("matrix", ""), 6),
-            parseMode(arguments.text("mode", "linear")));
+            qvil::parseWarpMode(arguments.text("mode", "linear"), true));
   return 0;
 }
 

@@ -29,30 +29,47 @@ QV_INLINE __m128i reversePixels(__m128i v) {
   return _mm_or_si128(_mm_slli_epi16(words, 8), _mm_srli_epi16(words, 8));
 }
 
-// A tile of 16 / PixelBytes destination rows and as many columns, from r, c.
+// The pixels of 16 / PixelBytes source lines (one per destination column, each holding as many
+// destination rows) turned into the destination rows.
 template <int PixelBytes>
-QV_INLINE void transposeTile(const Ipp8u* src, ptrdiff_t srcStep, Ipp8u* dst, ptrdiff_t dstStep, int r, int c,
-                             int rowDirection) {
+QV_INLINE void transposeLines(const __m128i* lines, __m128i* rows) {
+  if constexpr (PixelBytes == 4) {
+    const __m128i t0 = _mm_unpacklo_epi32(lines[0], lines[1]), t1 = _mm_unpacklo_epi32(lines[2], lines[3]);
+    const __m128i t2 = _mm_unpackhi_epi32(lines[0], lines[1]), t3 = _mm_unpackhi_epi32(lines[2], lines[3]);
+    rows[0] = _mm_unpacklo_epi64(t0, t1);
+    rows[1] = _mm_unpackhi_epi64(t0, t1);
+    rows[2] = _mm_unpacklo_epi64(t2, t3);
+    rows[3] = _mm_unpackhi_epi64(t2, t3);
+  } else {
+    rows[0] = _mm_unpacklo_epi64(lines[0], lines[1]);
+    rows[1] = _mm_unpackhi_epi64(lines[0], lines[1]);
+  }
+}
+
+// The tile of 16 / PixelBytes destination rows from r and as many columns from c, turned into
+// destination rows: each of its source lines holds one destination column, in the order of the
+// rows (read backward and reversed where the rows run toward the source's first pixel).
+template <int PixelBytes>
+QV_INLINE void turnedTile(const Ipp8u* src, ptrdiff_t srcStep, int r, int c, int rowDirection, __m128i* rows) {
   constexpr int kTile = 16 / PixelBytes;
   const ptrdiff_t firstPixel = rowDirection > 0 ? r : -(r + kTile - 1);
   const Ipp8u* s = src + c * srcStep + firstPixel * PixelBytes;
-  Ipp8u* d = dst + r * dstStep + static_cast<ptrdiff_t>(c) * PixelBytes;
   __m128i lines[kTile];
   for (int k = 0; k < kTile; ++k) {
     lines[k] = loadBlock(s + k * srcStep);
     if (rowDirection < 0) lines[k] = reversePixels<PixelBytes>(lines[k]);
   }
-  if constexpr (PixelBytes == 4) {
-    const __m128i t0 = _mm_unpacklo_epi32(lines[0], lines[1]), t1 = _mm_unpacklo_epi32(lines[2], lines[3]);
-    const __m128i t2 = _mm_unpackhi_epi32(lines[0], lines[1]), t3 = _mm_unpackhi_epi32(lines[2], lines[3]);
-    storeBlock(d, _mm_unpacklo_epi64(t0, t1));
-    storeBlock(d + dstStep, _mm_unpackhi_epi64(t0, t1));
-    storeBlock(d + 2 * dstStep, _mm_unpacklo_epi64(t2, t3));
-    storeBlock(d + 3 * dstStep, _mm_unpackhi_epi64(t2, t3));
-  } else {
-    storeBlock(d, _mm_unpacklo_epi64(lines[0], lines[1]));
-    storeBlock(d + dstStep, _mm_unpackhi_epi64(lines[0], lines[1]));
-  }
+  transposeLines<PixelBytes>(lines, rows);
+}
+
+template <int PixelBytes>
+QV_INLINE void transposeTile(const Ipp8u* src, ptrdiff_t srcStep, Ipp8u* dst, ptrdiff_t dstStep, int r, int c,
+                             int rowDirection) {
+  constexpr int kTile = 16 / PixelBytes;
+  __m128i rows[kTile];
+  turnedTile<PixelBytes>(src, srcStep, r, c, rowDirection, rows);
+  Ipp8u* d = dst + r * dstStep + static_cast<ptrdiff_t>(c) * PixelBytes;
+  for (int j = 0; j < kTile; ++j) storeBlock(d + j * dstStep, rows[j]);
 }
 
 template <int PixelBytes, int CopiedBytes>
@@ -91,23 +108,9 @@ QV_INLINE void rotate90WholeBlock(const Ipp8u* src, ptrdiff_t srcStep, Ipp8u* ds
     const ptrdiff_t firstPixel = rowDirection > 0 ? r : -(r + kTile - 1);
     prefetchBlockSource(src, srcStep, r, firstPixel, rowDirection, PixelBytes);
     for (int q = 0; q < kTiles; ++q) {
-      const Ipp8u* s = src + q * kTile * srcStep + firstPixel * PixelBytes;
-      __m128i lines[kTile];
-      for (int k = 0; k < kTile; ++k) {
-        lines[k] = loadBlock(s + k * srcStep);
-        if (rowDirection < 0) lines[k] = reversePixels<PixelBytes>(lines[k]);
-      }
-      if constexpr (PixelBytes == 4) {
-        const __m128i t0 = _mm_unpacklo_epi32(lines[0], lines[1]), t1 = _mm_unpacklo_epi32(lines[2], lines[3]);
-        const __m128i t2 = _mm_unpackhi_epi32(lines[0], lines[1]), t3 = _mm_unpackhi_epi32(lines[2], lines[3]);
-        out[0][q] = _mm_unpacklo_epi64(t0, t1);
-        out[1][q] = _mm_unpackhi_epi64(t0, t1);
-        out[2][q] = _mm_unpacklo_epi64(t2, t3);
-        out[3][q] = _mm_unpackhi_epi64(t2, t3);
-      } else {
-        out[0][q] = _mm_unpacklo_epi64(lines[0], lines[1]);
-        out[1][q] = _mm_unpackhi_epi64(lines[0], lines[1]);
-      }
+      __m128i rows[kTile];
+      turnedTile<PixelBytes>(src, srcStep, r, q * kTile, rowDirection, rows);
+      for (int j = 0; j < kTile; ++j) out[j][q] = rows[j];
     }
     for (int j = 0; j < kTile; ++j) {
       Ipp8u* d = dst + (r + j) * dstStep;

@@ -2,11 +2,10 @@
 
 #include "primitives/image/geometry/warp/warp_affine.h"
 
-#include "primitives/data/memory/memory.h"
 #include "primitives/image/geometry/warp/affine_kernels.h"
 #include "primitives/image/geometry/warp/quad.h"
-#include "primitives/image/geometry/warp/smooth_border.h"
 #include "primitives/image/geometry/warp/warp_checks.h"
+#include "primitives/image/geometry/warp/warp_rows.h"
 
 namespace QV_TIER {
 namespace {
@@ -59,30 +58,10 @@ IppStatus ownpi_WarpAffine(const Ipp8u* pSrc, IppiSize srcSize, int srcStep, Ipp
   double quad[4][2];
   if (ippiGetAffineQuad(region, quad, coeffs) != ippStsNoErr) return ippStsCoeffErr;
 
-  WarpRows job{};
-  const bool winding = inverseFromQuad(quad, region, job.inverse);
-  const IppiPoint first = firstCornerOf(dstRoi), last = lastCornerOf(dstRoi);
-  int* spans = ownpi_ClipQuad(quad, first, last, winding, &job.firstRow, &job.lastRow);
-  if (spans == nullptr) return ippStsWrongIntersectQuad;
-  job.src = pSrc;
-  job.srcStep = srcStep;
-  job.dst = rowAt(pDst, dstStep, job.firstRow);
-  job.dstStep = dstStep;
-  job.spans = spans;
-  job.limitX = srcSize.width - 1;
-  job.limitY = srcSize.height - 1;
-  if (column == kColumnCubic) {
-    job.scratch = ippsMalloc_32f(2 * dstRoi.width);
-    if (job.scratch == nullptr) {
-      ippsFree(spans);
-      return ippStsMemAllocErr;
-    }
-  }
-  ownpi_affineKernel(type, column)(job);
-  ippsFree(job.scratch);
-  ippsFree(spans);
-  if (smoothsEdges(interpolation)) ownpi_SmoothBorder(pDst, dstStep, type, quad, first, last, winding);
-  return ippStsNoErr;
+  double inverse[9] = {};
+  const bool winding = inverseFromQuad(quad, region, inverse);
+  return ownpi_WarpRows(pSrc, srcSize, srcStep, pDst, dstStep, dstRoi, quad, winding, inverse,
+                        ownpi_affineKernel(type, column), column == kColumnCubic, interpolation, type);
 }
 
 IppStatus ippiWarpAffine_8u_C1R(const Ipp8u* pSrc, IppiSize srcSize, int srcStep, IppiRect srcRoi, Ipp8u* pDst,

@@ -1,10 +1,9 @@
 // The perspective warp driver and ippiWarpPerspective_8u_C4R.
 
-#include "primitives/data/memory/memory.h"
 #include "primitives/image/geometry/warp/perspective.h"
 #include "primitives/image/geometry/warp/quad.h"
-#include "primitives/image/geometry/warp/smooth_border.h"
 #include "primitives/image/geometry/warp/warp_checks.h"
+#include "primitives/image/geometry/warp/warp_rows.h"
 
 namespace QV_TIER {
 namespace {
@@ -62,29 +61,10 @@ IppStatus ownpi_WarpPerspective(const Ipp8u* pSrc, IppiSize srcSize, int srcStep
   const int check = ownpi_CheckQuad(quad);
   if (check == kQuadDegenerate || check == kQuadNotConvex) return ippStsCoeffErr;
 
-  WarpRows job{};
-  adjugateOf(coeffs, job.inverse);
-  const bool winding = windingAtLastCorner(quad);
-  const IppiPoint first = firstCornerOf(dstRoi), last = lastCornerOf(dstRoi);
-  int* spans = ownpi_ClipQuad(quad, first, last, winding, &job.firstRow, &job.lastRow);
-  if (spans == nullptr) return ippStsWrongIntersectQuad;
-  job.scratch = ippsMalloc_32f(2 * dstRoi.width);
-  if (job.scratch == nullptr) {
-    ippsFree(spans);
-    return ippStsMemAllocErr;
-  }
-  job.src = pSrc;
-  job.srcStep = srcStep;
-  job.dst = rowAt(pDst, dstStep, job.firstRow);
-  job.dstStep = dstStep;
-  job.spans = spans;
-  job.limitX = srcSize.width - 1;
-  job.limitY = srcSize.height - 1;
-  ownpi_perspectiveKernel(type, column)(job);
-  ippsFree(job.scratch);
-  ippsFree(spans);
-  if (smoothsEdges(interpolation)) ownpi_SmoothBorder(pDst, dstStep, type, quad, first, last, winding);
-  return ippStsNoErr;
+  double inverse[9];
+  adjugateOf(coeffs, inverse);
+  return ownpi_WarpRows(pSrc, srcSize, srcStep, pDst, dstStep, dstRoi, quad, windingAtLastCorner(quad), inverse,
+                        ownpi_perspectiveKernel(type, column), true, interpolation, type);
 }
 
 IppStatus ippiWarpPerspective_8u_C4R(const Ipp8u* pSrc, IppiSize srcSize, int srcStep, IppiRect srcRoi, Ipp8u* pDst,

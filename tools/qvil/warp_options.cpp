@@ -1,4 +1,4 @@
-#include "number_list.h"
+#include "warp_options.h"
 
 #include <cstdlib>
 
@@ -23,6 +23,14 @@ std::vector<double> parseNumberList(const std::string& what, const std::string& 
     throw UsageError(what + " takes " + std::to_string(count) + " numbers separated by commas, not " +
                      std::to_string(numbers.size()));
   return numbers;
+}
+
+int32_t parseWarpMode(const std::string& text, bool allowNearest) {
+  if (text == "nearest" && allowNearest) return 0;
+  if (text == "linear") return 1;
+  if (text == "cubic") return 2;
+  throw UsageError(std::string("--mode must be ") + (allowNearest ? "nearest, " : "") + "linear or cubic, not '" +
+                   text + "'");
 }
 
 }  // namespace qvil
