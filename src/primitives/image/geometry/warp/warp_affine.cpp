@@ -10,21 +10,6 @@
 namespace QV_TIER {
 namespace {
 
-int affineColumnOf(unsigned filter) {
-  switch (filter) {
-    case IPPI_INTER_NN:
-      return kColumnNearest;
-    case IPPI_INTER_LINEAR:
-      return kColumnLinear;
-    case IPPI_INTER_CUBIC:
-      return kColumnCubic;
-    case IPPI_INTER_CR:
-      return kColumnCatmullRom;
-    default:
-      return -1;
-  }
-}
-
 // The inverse map from the quad's first three corners: with A = q1x - q0x, B = q2x - q1x,
 // C = q1y - q0y, D = q2y - q1y and r = 1 / (A D - B C), over the region's extent w x h.
 // Answers the winding: r > 0.
@@ -48,7 +33,7 @@ IppStatus ownpi_WarpAffine(const Ipp8u* pSrc, IppiSize srcSize, int srcStep, Ipp
                            IppiRect dstRoi, const double coeffs[2][3], int interpolation, int type) {
   if (pSrc == nullptr || pDst == nullptr) return ippStsNullPtrErr;
   if (!warpSizesValid(srcSize, srcRoi, dstRoi)) return ippStsSizeErr;
-  int column = affineColumnOf(filterOf(interpolation));
+  int column = columnOfFilter(filterOf(interpolation), true);
   if (column < 0) return ippStsInterpolationErr;
   if (isNearlySingular(coeffs[0][0], coeffs[0][1], coeffs[1][0], coeffs[1][1])) return ippStsCoeffErr;
   column = lowerColumnForSource(column, srcSize);

@@ -13,6 +13,23 @@ QV_INLINE bool warpSizesValid(IppiSize srcSize, IppiRect srcRoi, IppiRect dstRoi
          srcRoi.height > 0 && dstRoi.x >= 0 && dstRoi.y >= 0 && dstRoi.width > 0 && dstRoi.height > 0;
 }
 
+// The kernel column of the word's filter: nearest, linear, cubic, and Catmull-Rom where the
+// family has it; -1 for any other filter.
+QV_INLINE int columnOfFilter(unsigned filter, bool withCatmullRom) {
+  switch (filter) {
+    case IPPI_INTER_NN:
+      return kColumnNearest;
+    case IPPI_INTER_LINEAR:
+      return kColumnLinear;
+    case IPPI_INTER_CUBIC:
+      return kColumnCubic;
+    case IPPI_INTER_CR:
+      return withCatmullRom ? kColumnCatmullRom : -1;
+    default:
+      return -1;
+  }
+}
+
 // A source one pixel wide or high is sampled with nearest; cubic needs 4 pixels each way and
 // falls to linear below that. Catmull-Rom is kept.
 QV_INLINE int lowerColumnForSource(int column, IppiSize srcSize) {

@@ -8,19 +8,6 @@
 namespace QV_TIER {
 namespace {
 
-int perspectiveColumnOf(unsigned filter) {
-  switch (filter) {
-    case IPPI_INTER_NN:
-      return kColumnNearest;
-    case IPPI_INTER_LINEAR:
-      return kColumnLinear;
-    case IPPI_INTER_CUBIC:
-      return kColumnCubic;
-    default:
-      return -1;
-  }
-}
-
 // The adjugate of the nine coefficients: the inverse map up to a factor that the division by
 // the denominator cancels.
 void adjugateOf(const double c[3][3], double i[9]) {
@@ -47,7 +34,7 @@ IppStatus ownpi_WarpPerspective(const Ipp8u* pSrc, IppiSize srcSize, int srcStep
   if (pSrc == nullptr || pDst == nullptr) return ippStsNullPtrErr;
   if (!warpSizesValid(srcSize, srcRoi, dstRoi)) return ippStsSizeErr;
   if (srcStep <= 0 || dstStep <= 0) return ippStsStepErr;
-  int column = perspectiveColumnOf(filterOf(interpolation));
+  int column = columnOfFilter(filterOf(interpolation), false);
   if (column < 0) return ippStsInterpolationErr;
   if (isNearlySingular(coeffs[0][0], coeffs[0][1], coeffs[1][0], coeffs[1][1]) || absOf(coeffs[2][2]) <= 1e-200)
     return ippStsCoeffErr;
