@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "qvimage/QVILResize.h"
@@ -25,11 +26,12 @@ const std::string kPrefix = "QVImageLib mirror operation failed with error: ";
 QVILResize* resize() { return QVILResize::sharedInstance(); }
 
 // The rotation the public operation makes: the bound's upper left corner moved to (0, 0).
-std::vector<uint8_t> rotatedByPrimitive(Kind kind, const Image& src, int dstWidth, int dstHeight, float angle,
-                                        int word) {
+std::vector<uint8_t> rotatedByPrimitive(Kind kind, const Image& src, int dstWidth, int dstHeight, float angle, int word,
+                                        uint32_t background = 50) {
   double bound[2][2];
   EXPECT_EQ(ippiGetRotateBound({0, 0, src.width, src.height}, bound, angle, 0, 0), ippStsNoErr);
-  Image dst = warptest::randomImage(kind, dstWidth, dstHeight, 50);
+  Image dst =
+      background != 0 ? warptest::randomImage(kind, dstWidth, dstHeight, background) : Image(kind, dstWidth, dstHeight);
   EXPECT_EQ(warptest::rotate(src, {src.width, src.height}, {0, 0, src.width, src.height}, dst,
                              {0, 0, dstWidth, dstHeight}, angle, -bound[0][0], -bound[0][1], word),
             ippStsNoErr);
@@ -68,6 +70,26 @@ TEST(RotatePublic, QuarterTurnOfAThreeByTwoPicture) {
   for (int y = 0; y < 3; ++y)
     for (int x = 0; x < 2; ++x)
       for (int c = 0; c < 4; ++c) EXPECT_EQ(dst.row(y)[4 * x + c], src.sample(2 - y, x, c)) << x << "," << y;
+}
+
+// A destination smaller than the turned picture is filled as far as it reaches, without an error.
+TEST(RotatePublic, SmallerDestinationIsFilledAsFarAsItReaches) {
+  const Image src = warptest::randomImage(Kind::u8c4, 9, 7, 5);
+  // The turned box is 7 x 9 (a quarter), 9 x 7 (a half) and 11 x 10 (33 degrees, whose corners are
+  // empty: a destination there must reach into the picture).
+  for (const auto& [angle, width, height] :
+       std::vector<std::tuple<float, int, int>>{{90.0f, 4, 3}, {180.0f, 4, 3}, {33.0f, 9, 8}}) {
+    TestImage dst(width, height, 4, 4, 0);
+    dst.fill(0);
+    TestImage from = warptest::toTestImage(src, 0, 0);
+    vImage_Buffer source = from.buffer(), destination = dst.buffer();
+    qvtest::LogCapture log;
+    EXPECT_TRUE(resize()->imageLibRotateRGBA(&source, &destination, 1, angle, 8));
+    EXPECT_TRUE(log.lines().empty());
+    EXPECT_EQ(warptest::fromTestImage(dst, Kind::u8c4).bytes,
+              rotatedByPrimitive(Kind::u8c4, src, width, height, angle, IPPI_INTER_LINEAR | IPPI_SMOOTH_EDGE, 0));
+    EXPECT_TRUE(dst.surroundingsIntact());
+  }
 }
 
 TEST(RotatePublic, OtherDepthsDoNothingAndAnswerTrue) {
