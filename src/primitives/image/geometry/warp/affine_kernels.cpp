@@ -193,9 +193,11 @@ void warpLinear16uC4(const WarpRows& job) {
       const Ipp16u* bottom = rowAt(top, job.srcStep, 1);
       Ipp16u* to = reinterpret_cast<Ipp16u*>(out + 8 * i);
       for (int k = 0; k < 4; ++k) {
-        const float upper = top[k] + (static_cast<float>(top[k + 4]) - top[k]) * fx;
-        const float lower = bottom[k] + (static_cast<float>(bottom[k + 4]) - bottom[k]) * fx;
-        to[k] = static_cast<Ipp16u>(roundToInt(upper + (lower - upper) * fy));
+        const float p00 = loadSample(top + k), p01 = loadSample(top + k + 4);
+        const float p10 = loadSample(bottom + k), p11 = loadSample(bottom + k + 4);
+        const float upper = p00 + (p01 - p00) * fx;
+        const float lower = p10 + (p11 - p10) * fx;
+        storeSample(to + k, static_cast<Ipp16u>(roundToInt(upper + (lower - upper) * fy)));
       }
     }
   });

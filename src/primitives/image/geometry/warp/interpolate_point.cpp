@@ -29,15 +29,17 @@ void catmullRomPixel(const Sample* src, int srcStep, Sample* dst, int channels, 
     for (int k = 0; k < 4; ++k) {
       const Sample* row = rowAt(src, srcStep, yIndex[k]);
       double across = 0;
-      for (int j = 0; j < 4; ++j) across += row[xIndex[j] * channels + c] * wx[j];
+      for (int j = 0; j < 4; ++j) across += loadSample(row + xIndex[j] * channels + c) * wx[j];
       sum += across * wy[k];
     }
+    Sample value;
     if (sum > maximum)
-      dst[c] = static_cast<Sample>(maximum);
+      value = static_cast<Sample>(maximum);
     else if (sum < 0.0)
-      dst[c] = 0;
+      value = 0;
     else
-      dst[c] = static_cast<Sample>(truncToInt(sum + 0.5));
+      value = static_cast<Sample>(truncToInt(sum + 0.5));
+    storeSample(dst + c, value);
   }
 }
 

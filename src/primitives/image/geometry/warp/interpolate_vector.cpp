@@ -55,7 +55,7 @@ QV_INLINE Sample cubicChannel(const Sample* first, int srcStep, int channels, co
   for (int k = 0; k < 4; ++k) {
     const Sample* row = rowAt(first, srcStep, k);
     Sum sum = 0;
-    for (int j = 0; j < 4; ++j) sum += static_cast<Sum>(row[j * channels]) * wx[j];
+    for (int j = 0; j < 4; ++j) sum += static_cast<Sum>(loadSample(row + j * channels)) * wx[j];
     total += (sum >> 8) * wy[k];
   }
   const Sum value = (total + 524288) >> 20;
@@ -83,7 +83,7 @@ void cubicVectorScalar(const Sample* src, int srcStep, Sample* dst, const float*
     cubicWeights(ty.t, wy);
     const Sample* first = pixelAt(src, srcStep, tx.index, ty.index, Channels);
     for (int c = 0; c < Channels; ++c)
-      dst[i * Channels + c] = cubicChannel<Sample, Sum>(first + c, srcStep, Channels, wx, wy, maximum);
+      storeSample(dst + i * Channels + c, cubicChannel<Sample, Sum>(first + c, srcStep, Channels, wx, wy, maximum));
   }
 }
 

@@ -28,8 +28,9 @@ PixelShape shapeOf(int type) {
 template <typename Sample>
 QV_INLINE void blendSamples(Sample* written, const Sample* beside, double weightWritten, double weightBeside,
                             bool isInteger) {
-  const double value = static_cast<double>(*written) * weightWritten + static_cast<double>(*beside) * weightBeside;
-  *written = isInteger ? static_cast<Sample>(truncToInt(value + 0.5)) : static_cast<Sample>(value);
+  const double value =
+      static_cast<double>(loadSample(written)) * weightWritten + static_cast<double>(loadSample(beside)) * weightBeside;
+  storeSample(written, isInteger ? static_cast<Sample>(truncToInt(value + 0.5)) : static_cast<Sample>(value));
 }
 
 // ownpi_SmoothPel: pixel a becomes a |v - a| + b |v - b|, channel by channel.

@@ -53,6 +53,20 @@ struct WarpRows {
 
 using WarpRowKernel = void (*)(const WarpRows& job);
 
+// Samples of a caller's image, read and written whole whatever the address's alignment (16-bit
+// images need not be aligned to 2 bytes).
+template <typename Sample>
+QV_INLINE Sample loadSample(const Sample* p) {
+  Sample v;
+  __builtin_memcpy(&v, p, sizeof v);
+  return v;
+}
+
+template <typename Sample>
+QV_INLINE void storeSample(Sample* p, Sample v) {
+  __builtin_memcpy(p, &v, sizeof v);
+}
+
 // Conversions as the processor makes them: truncation toward zero, and rounding to nearest
 // with ties to even (under the default rounding mode). Out of range, they give INT_MIN.
 QV_INLINE int truncToInt(double v) { return _mm_cvttsd_si32(_mm_set_sd(v)); }
