@@ -36,6 +36,16 @@ typedef struct {
   float tx, ty;
 } vImage_AffineTransform;
 
+/* A quad for the perspective warp: four corners in record order (top left, top right, bottom
+   left, bottom right). Operations that walk its outline take them as top left, top right,
+   bottom right, bottom left. */
+typedef struct {
+  CGPoint topLeft;
+  CGPoint topRight;
+  CGPoint bottomLeft;
+  CGPoint bottomRight;
+} QVILPerspectiveQuad;
+
 QV_BEGIN_C
 
 /* Where the library's log lines go. The default handler writes each line to standard error,
@@ -50,5 +60,13 @@ typedef void (*QVILAssertionHandler)(const char* description);
 QV_API void QVILSetAssertionHandler(QVILAssertionHandler handler);
 
 QV_END_C
+
+#ifdef __cplusplus
+#include <string>
+
+/* "{tl: {x, y}; tr: {x, y}; br: {x, y}; bl: {x, y}}": the corners around the outline, bottom
+   right before bottom left, each in the shortest decimal form. */
+QV_API std::string NSStringFromQVILPerspectiveQuad(QVILPerspectiveQuad quad);
+#endif
 
 #endif

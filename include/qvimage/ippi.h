@@ -10,5 +10,6 @@
 #include "ippi_region.h"
 #include "ippi_resize.h"
 #include "ippi_resize_sqrpixel.h"
+#include "ippi_warp.h"
 
 #endif

@@ -10,23 +10,9 @@
    whole source image, repeating its edge pixels past its border. Steps are in bytes. */
 
 #include "ippdefs.h"
+#include "ippi_interpolation.h"
 
 QV_BEGIN_C
-
-/* The interpolation word: a filter in the low 29 bits, at most one edge flag in the top three. */
-enum {
-  IPPI_INTER_NN = 1,      /* nearest pixel */
-  IPPI_INTER_LINEAR = 2,  /* 2 taps */
-  IPPI_INTER_CUBIC = 4,   /* 4 taps, cubic through four points */
-  IPPI_INTER_BSPLINE = 5, /* 4 taps, uniform B-spline (smooths even at whole positions) */
-  IPPI_INTER_CR = 6,      /* 4 taps, Catmull-Rom */
-  IPPI_INTER_B05C03 = 7,  /* 4 taps, cubic family with B = 0.5, C = 0.3 */
-  IPPI_INTER_SUPER = 8,   /* area average; reductions only */
-  IPPI_INTER_LANCZOS = 16 /* 6 taps, 3 lobes */
-};
-#define IPPI_SMOOTH_EDGE 0x80000000u   /* afterwards blend the rows and columns just outside with the edge */
-#define IPPI_SUBPIXEL_EDGE 0x40000000u /* afterwards write coverage-weighted rows and columns just outside */
-#define IPPI_ANTIALIASING 0x20000000u  /* stretch the kernel by the reduction factor */
 
 /* Checks, in order, before anything is written: a null pointer (source, destination, scratch);
    a source size, source region or destination region that is empty or starts at a negative

@@ -180,7 +180,7 @@ TEST(SqrPixelBufferSize, StatusesInOrder) {
       EXPECT_EQ(size, -12345);
     }
     for (uint32_t channels : {0u, 2u, 5u, 8u}) EXPECT_EQ(sizeOf(good, good, channels, 3, &size), ippStsNumChannelsErr);
-    for (uint32_t bad : {0u, 3u, 9u, 0x10000004u, IPPI_INTER_CUBIC | IPPI_SMOOTH_EDGE | IPPI_SUBPIXEL_EDGE})
+    for (uint32_t bad : {0u, 3u, 9u, 0x10000004u, uint32_t(IPPI_INTER_CUBIC | IPPI_SMOOTH_EDGE | IPPI_SUBPIXEL_EDGE)})
       EXPECT_EQ(sizeOf(good, good, 3, bad, &size), ippStsInterpolationErr);
     EXPECT_EQ(size, -12345);
   });
@@ -190,7 +190,7 @@ TEST(SqrPixelBufferSize, EveryFilterAndChannelCountFollowsTheTable) {
   qvtest::onEveryTier([](const qvtest::Tier&) {
     const std::vector<IppiRect> regions{{0, 0, 1, 1}, {3, 4, 17, 9}, {0, 0, 640, 480}, {1, 2, 63, 65}, {0, 0, 1000, 3}};
     for (uint32_t filter : {1u, 2u, 4u, 5u, 6u, 7u, 8u, 16u})
-      for (uint32_t flags : {0u, IPPI_ANTIALIASING, IPPI_SMOOTH_EDGE, IPPI_SUBPIXEL_EDGE})
+      for (uint32_t flags : {0, IPPI_ANTIALIASING, IPPI_SMOOTH_EDGE, IPPI_SUBPIXEL_EDGE})
         for (uint32_t channels : {1u, 3u, 4u})
           for (const IppiRect& s : regions)
             for (const IppiRect& d : regions) {

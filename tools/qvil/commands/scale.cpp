@@ -66,8 +66,10 @@ struct Word {
 const Word kFilters[] = {{"nn", IPPI_INTER_NN},           {"linear", IPPI_INTER_LINEAR},  {"cubic", IPPI_INTER_CUBIC},
                          {"bspline", IPPI_INTER_BSPLINE}, {"catmullrom", IPPI_INTER_CR},  {"b05c03", IPPI_INTER_B05C03},
                          {"super", IPPI_INTER_SUPER},     {"lanczos", IPPI_INTER_LANCZOS}};
-const Word kEdges[] = {
-    {"none", 0}, {"smooth", IPPI_SMOOTH_EDGE}, {"subpixel", IPPI_SUBPIXEL_EDGE}, {"antialias", IPPI_ANTIALIASING}};
+const Word kEdges[] = {{"none", 0},
+                       {"smooth", static_cast<uint32_t>(IPPI_SMOOTH_EDGE)},
+                       {"subpixel", IPPI_SUBPIXEL_EDGE},
+                       {"antialias", IPPI_ANTIALIASING}};
 
 constexpr long long kLargestSide = 65535;
 
