@@ -36,8 +36,8 @@ class QV_API QVILResize {
   static QVILResize* sharedInstance();
 
   // >>> scale operations
-  // --- engines with a resize specification (sizes from source and destination) ---
-  // Each builds a specification for the two sizes, then resizes the whole destination, on the
+  // --- engines with a ResizeSpec record (sizes from source and destination) ---
+  // Each builds a ResizeSpec for the two sizes, then resizes the whole destination, on the
   // calling thread (option mode 0, limit 1, or fewer than two processors) or in strips: one per
   // processor of the option word, the remainder rows to the last strip. A failed size query or
   // init is logged and answers false; a failed scratch query or allocation on the calling thread

@@ -1,15 +1,15 @@
 #ifndef QVIMAGE_IPPI_RESIZE_H
 #define QVIMAGE_IPPI_RESIZE_H
 
-/* Resizing of four-channel interleaved images with a resize specification: a record of the
+/* Resizing of four-channel interleaved images with a ResizeSpec record: a record of the
    source positions and weights of every destination row and column, built once per job and
    shared, read-only, by every strip of the job.
 
-   Calling order: ippiResizeGetSize_8u; allocate the specification and the init buffer;
+   Calling order: ippiResizeGetSize_8u; allocate the ResizeSpec and the init buffer;
    ippiResizeLinearInit_8u or ippiResizeLanczosInit_8u; ippiResizeGetBufferSize_8u for each
    region to be resized; ippiResizeGetBorderSize_8u and ippiResizeGetSrcRoi_8u as needed; then
    ippiResizeLinear_*_C4R or ippiResizeLanczos_*_C4R. None of these allocates. Every _16u query
-   and init is the same function as its _8u twin: the specification does not depend on the depth.
+   and init is the same function as its _8u twin: the ResizeSpec does not depend on the depth.
 
    Interpolation values of the size query: 1 nearest, 2 linear, 6 cubic, 8 super, 16 Lanczos.
    Only 2 and 16 have an init primitive. Steps are in bytes. */
@@ -18,7 +18,7 @@
 
 QV_BEGIN_C
 
-/* The mark of an initialised specification. */
+/* The mark of an initialised ResizeSpec. */
 #define QV_RESIZE_SPEC_MAGIC 0x4B617389u
 
 /* The positions and weights of one axis. x = (i + 0.5) * srcReduced / dstReduced - 0.5 is the
@@ -66,7 +66,7 @@ enum {
    L(x) = sinc(x) sinc(x / 3); entries 300 to 303 are 0. */
 QV_API extern const Ipp32f tblLanczos3[304];
 
-/* Sizes of the specification and of the init buffer, both with 64 bytes of slack for the
+/* Sizes of the ResizeSpec and of the init buffer, both with 64 bytes of slack for the
    alignment. Checks in order: a null result pointer; a dimension of 0 (ippStsNoOperation, nothing
    written); a negative dimension; an interpolation other than 0, 1, 2, 6, 8, 16; antialiasing
    not 0 or interpolation 0 (ippStsNotSupportedModeErr); a source below the filter's minimum
@@ -77,11 +77,11 @@ QV_API IppStatus ippiResizeGetSize_8u(IppiSize srcSize, IppiSize dstSize, Ipp32u
 QV_API IppStatus ippiResizeGetSize_16u(IppiSize srcSize, IppiSize dstSize, Ipp32u interpolation, Ipp32u antialiasing,
                                        int* pSpecSize, int* pInitBufSize);
 
-/* A linear specification: lobes 1, all four borders 1. A source side under 2 is refused. */
+/* A linear ResizeSpec: lobes 1, all four borders 1. A source side under 2 is refused. */
 QV_API IppStatus ippiResizeLinearInit_8u(IppiSize srcSize, IppiSize dstSize, ResizeSpec* pSpec);
 QV_API IppStatus ippiResizeLinearInit_16u(IppiSize srcSize, IppiSize dstSize, ResizeSpec* pSpec);
 
-/* A Lanczos specification of 2 or 3 lobes; pInitBuf is scratch for this call only. The mark,
+/* A Lanczos ResizeSpec of 2 or 3 lobes; pInitBuf is scratch for this call only. The mark,
    interpolation and lobes are written before lobes is judged: after a refusal the block carries
    a good mark and is still unusable. 3 lobes need a source of 6 x 6, 2 lobes one of 4 x 4
    (ippStsSizeErr); other lobes give ippStsNotSupportedModeErr. */
@@ -91,7 +91,7 @@ QV_API IppStatus ippiResizeLanczosInit_16u(IppiSize srcSize, IppiSize dstSize, I
                                            Ipp8u* pInitBuf);
 
 /* Scratch size for resizing a region of dstSize with numChannels channels (1, 3 or 4). A region
-   larger than the specification's destination is sized as clamped, with ippStsSizeWrn. */
+   larger than the ResizeSpec's destination is sized as clamped, with ippStsSizeWrn. */
 QV_API IppStatus ippiResizeGetBufferSize_8u(const ResizeSpec* pSpec, IppiSize dstSize, Ipp32u numChannels,
                                             int* pBufSize);
 QV_API IppStatus ippiResizeGetBufferSize_16u(const ResizeSpec* pSpec, IppiSize dstSize, Ipp32u numChannels,
@@ -125,7 +125,7 @@ QV_API IppStatus ippiResizeLinear_16u_C4R(const Ipp16u* pSrc, int srcStep, Ipp16
                                           IppiPoint dstOffset, IppiSize dstSize, Ipp32u border,
                                           const Ipp16u* pBorderValue, const ResizeSpec* pSpec, Ipp8u* pBuffer);
 
-/* The same with the Lanczos kernel of the specification's lobes (2 or 3, else
+/* The same with the Lanczos kernel of the ResizeSpec's lobes (2 or 3, else
    ippStsNotSupportedModeErr after the other checks). */
 QV_API IppStatus ippiResizeLanczos_8u_C4R(const Ipp8u* pSrc, int srcStep, Ipp8u* pDst, int dstStep, IppiPoint dstOffset,
                                           IppiSize dstSize, Ipp32u border, const Ipp8u* pBorderValue,

@@ -1,5 +1,5 @@
 // QVILResize: the linear and Lanczos engines, which resize a whole image with a resize
-// specification, on the calling thread or in strips of destination rows.
+// ResizeSpec, on the calling thread or in strips of destination rows.
 
 #include "classes/buffer_region.h"
 #include "classes/strips.h"
@@ -149,7 +149,7 @@ void logFailure(const char* line, bool withSizes, IppStatus status, const vImage
   qv::platform::logLine(line, ippGetStatusString(status), sizeText(source).c_str(), sizeText(destination).c_str());
 }
 
-// One job: the two buffers, the specification made for them, and how they are read.
+// One job: the two buffers, the ResizeSpec made for them, and how they are read.
 struct Job {
   const Engine& engine;
   const vImage_Buffer* source;
@@ -189,7 +189,7 @@ bool resizeOnCallingThread(const Job& job) {
   return true;
 }
 
-// Strip i of the plan: its rows of the destination, the source rows that the specification maps
+// Strip i of the plan: its rows of the destination, the source rows that the ResizeSpec maps
 // them to, and its own slice of the scratch block.
 void resizeStrip(const Job& job, const qv::frame::StripPlan& plan, Ipp8u* scratch, int sliceSize, uint32_t i) {
   const uint32_t rows = i + 1 == plan.count ? plan.lastRows : plan.rows;

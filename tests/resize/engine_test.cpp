@@ -137,7 +137,7 @@ TEST_F(ResizeEngines, ADestinationWithFewerRowsThanStrips) {
   }
 }
 
-// The sizes the queries give for a job: specification, init buffer, scratch of the whole image.
+// The sizes the queries give for a job: ResizeSpec, init buffer, scratch of the whole image.
 struct JobSizes {
   size_t spec, init, whole;
 };
@@ -255,7 +255,7 @@ TEST_F(ResizeEngines, FailureTableAndLogLines) {
     // A destination width of 0 is no operation, which counts as a failure.
     expectFailure(e, {10, 10}, {0, 8}, 0, -1, false,
                   sizeLine + statusText(ippStsNoOperation) + " srcSize: {10, 10} destSize: {0, 8}");
-    // The init refuses: a Lanczos source under 6 by 6; a specification that could not be allocated.
+    // The init refuses: a Lanczos source under 6 by 6; a ResizeSpec that could not be allocated.
     if (!linear)
       expectFailure(e, {5, 5}, {9, 8}, 0, -1, false,
                     "Scale initialization error: " + sizeErr + " srcSize: {5, 5} destSize: {9, 8}");
@@ -303,7 +303,7 @@ TEST_F(ResizeEngines, DispatchersTakeEightAndSixteenBitsOnly) {
     AllocationLog log;
     EXPECT_TRUE(resize->imageLibScaleLinearRGBA(&images.src, &images.dst, 0, bits));
     EXPECT_TRUE(resize->imageLibScaleLanczosRGBA(&lanczos.src, &lanczos.dst, 0, bits));
-    // The specification was sized for the depth: the 16-bit linear engine asks twice the room.
+    // The ResizeSpec was sized for the depth: the 16-bit linear engine asks twice the room.
     const resizetest::SpecSizes sizes = resizetest::referenceSpecSizes({20, 10}, {9, 8}, 2);
     EXPECT_EQ(log.requests()[1], static_cast<size_t>(sizes.spec) * (bits / 8));
     EXPECT_NE(images.destination.pixels(), std::vector<uint8_t>(images.destination.pixels().size(), 0x77));

@@ -36,7 +36,7 @@ struct SpecSizes {
   int64_t spec, init;
 };
 SpecSizes referenceSpecSizes(IppiSize src, IppiSize dst, int interpolation);
-// The scratch size of a region for a linear (lobes 1) or Lanczos specification, slack included.
+// The scratch size of a region for a linear (lobes 1) or Lanczos ResizeSpec, slack included.
 int64_t referenceBufferSize(IppiSize specDst, IppiSize region, int channels, int lobes);
 
 // Both axes of a job and their weights: the fractions for linear (lobes 1), 2 * lobes weights a

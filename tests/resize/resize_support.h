@@ -1,7 +1,7 @@
 #ifndef QV_TESTS_RESIZE_RESIZE_SUPPORT_H
 #define QV_TESTS_RESIZE_RESIZE_SUPPORT_H
 
-// Running the resize primitives in tests: specifications made by the library in misaligned
+// Running the resize primitives in tests: ResizeSpec records made by the library in misaligned
 // blocks, one call on a region with its scratch sized by the query, and the samples it wrote.
 
 #include <cstdint>
@@ -15,7 +15,7 @@ namespace resizetest {
 // lobes 1 stands for the linear resize, 2 and 3 for Lanczos.
 constexpr int kLinear = 1;
 
-// A specification for two sizes, made by the init of its kind in a block whose pointer lies
+// A ResizeSpec for two sizes, made by the init of its kind in a block whose pointer lies
 // misalignment bytes past a 64-byte boundary.
 class SpecBlock {
  public:

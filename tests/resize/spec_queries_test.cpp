@@ -1,4 +1,4 @@
-// The queries of a specification: scratch size, border widths and source region, each status in
+// The queries of a ResizeSpec: scratch size, border widths and source region, each status in
 // the order of its checks with the results untouched, and the values against the plain rules.
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// The size query of resize specifications: every status in the order of its checks, with the
+// The size query of ResizeSpec records: every status in the order of its checks, with the
 // results left as they were, and the sizes of its table for many pairs of sizes.
 
 #include <gtest/gtest.h>

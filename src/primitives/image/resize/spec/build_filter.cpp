@@ -1,4 +1,4 @@
-// The positions of one axis of a resize specification.
+// The positions of one axis of a ResizeSpec record.
 
 #include "primitives/image/resize/spec/resize_spec.h"
 

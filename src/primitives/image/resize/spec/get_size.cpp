@@ -1,4 +1,4 @@
-// ippiResizeGetSize: the sizes of a resize specification and of its init buffer.
+// ippiResizeGetSize: the sizes of a ResizeSpec record and of its init buffer.
 
 #include "primitives/image/resize/spec/resize_spec.h"
 
@@ -10,7 +10,7 @@ struct SpecSizes {
   int64_t init;
 };
 
-// Every field of the record and the slack a specification needs beyond its arrays.
+// Every field of the record and the slack a ResizeSpec needs beyond its arrays.
 constexpr int64_t kRecordRoom = 176;
 
 bool knownInterpolation(Ipp32u interpolation) {
@@ -94,7 +94,7 @@ IppStatus ippiResizeGetSize_8u(IppiSize srcSize, IppiSize dstSize, Ipp32u interp
   return ippStsNoErr;
 }
 
-// The specification does not depend on the depth.
+// The ResizeSpec does not depend on the depth.
 IppStatus ippiResizeGetSize_16u(IppiSize srcSize, IppiSize dstSize, Ipp32u interpolation, Ipp32u antialiasing,
                                 int* pSpecSize, int* pInitBufSize) {
   return QV_TIER::ippiResizeGetSize_8u(srcSize, dstSize, interpolation, antialiasing, pSpecSize, pInitBufSize);

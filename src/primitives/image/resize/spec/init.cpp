@@ -1,4 +1,4 @@
-// The two init primitives: linear and Lanczos specifications.
+// The two init primitives: linear and Lanczos ResizeSpec records.
 
 #include "primitives/image/resize/spec/resize_spec.h"
 

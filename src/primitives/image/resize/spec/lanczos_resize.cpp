@@ -1,5 +1,5 @@
 // ippiResizeLanczos_8u_C4R and ippiResizeLanczos_16u_C4R: separable Lanczos filtering of 2 or 3
-// lobes, in f32, from a Lanczos specification. The kernel keeps unit source spacing whatever the
+// lobes, in f32, from a Lanczos ResizeSpec. The kernel keeps unit source spacing whatever the
 // ratio: 2 * lobes taps, also for reductions.
 
 #include "primitives/image/resize/spec/lanczos_kernels.h"

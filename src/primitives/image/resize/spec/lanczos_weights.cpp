@@ -1,4 +1,4 @@
-// The Lanczos weights of a specification, from the fraction of each position.
+// The Lanczos weights of a ResizeSpec, from the fraction of each position.
 
 #include "primitives/image/resize/spec/resize_spec.h"
 

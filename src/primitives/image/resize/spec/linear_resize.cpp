@@ -1,5 +1,5 @@
 // ippiResizeLinear_8u_C4R and ippiResizeLinear_16u_C4R: two-tap interpolation along each axis,
-// in f32, from a linear specification.
+// in f32, from a linear ResizeSpec.
 
 #include "primitives/image/resize/spec/halving_kernels.h"
 #include "primitives/image/resize/spec/linear_kernels.h"

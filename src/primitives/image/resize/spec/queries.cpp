@@ -1,4 +1,4 @@
-// Questions a resize specification answers: the scratch size of a region, the border widths,
+// Questions a ResizeSpec record answers: the scratch size of a region, the border widths,
 // and the source rows and columns a destination region starts from.
 
 #include "primitives/image/resize/spec/resize_spec.h"

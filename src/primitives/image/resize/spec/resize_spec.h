@@ -1,7 +1,7 @@
 #ifndef QV_PRIMITIVES_IMAGE_RESIZE_SPEC_RESIZE_SPEC_H
 #define QV_PRIMITIVES_IMAGE_RESIZE_SPEC_RESIZE_SPEC_H
 
-// The resize specification as the kernels of one tier see it: where the record stands in the
+// The ResizeSpec record as the kernels of one tier see it: where the record stands in the
 // caller's block, its constants, the builders of its arrays and the kernel tables.
 
 #include "primitives/common/tier_util.h"
