@@ -59,6 +59,33 @@ QV_INLINE void store16(void* p, uint16_t v) { __builtin_memcpy(p, &v, 2); }
 QV_INLINE void store32(void* p, uint32_t v) { __builtin_memcpy(p, &v, 4); }
 QV_INLINE void store64(void* p, uint64_t v) { __builtin_memcpy(p, &v, 8); }
 
+// Floats to integers as the processor converts them under its default mode: to nearest, ties to
+// even. Out of range, they give INT_MIN.
+QV_INLINE int roundToInt(double v) { return _mm_cvtsd_si32(_mm_set_sd(v)); }
+QV_INLINE int roundToInt(float v) { return _mm_cvtss_si32(_mm_set_ss(v)); }
+
+// One float rounded that way and saturated to the range of a sample.
+QV_INLINE Ipp8u roundedSample8u(Ipp32f value) {
+  const int rounded = roundToInt(value);
+  return static_cast<Ipp8u>(rounded < 0 ? 0 : (rounded > 255 ? 255 : rounded));
+}
+QV_INLINE Ipp16u roundedSample16u(Ipp32f value) {
+  const int rounded = roundToInt(value);
+  return static_cast<Ipp16u>(rounded < 0 ? 0 : (rounded > 65535 ? 65535 : rounded));
+}
+
+// Eight 32-bit integers saturated to unsigned 16 bits, low half first.
+QV_INLINE __m128i packUnsignedWords(__m128i low, __m128i high) {
+#if QV_TIER_LEVEL >= 3
+  return _mm_packus_epi32(low, high);
+#else
+  // Shifted into the signed range, packed with signed saturation, and shifted back.
+  const __m128i bias = _mm_set1_epi32(32768);
+  const __m128i packed = _mm_packs_epi32(_mm_sub_epi32(low, bias), _mm_sub_epi32(high, bias));
+  return _mm_xor_si128(packed, _mm_set1_epi16(static_cast<short>(0x8000)));
+#endif
+}
+
 }  // namespace QV_TIER
 
 #endif

@@ -67,12 +67,10 @@ QV_INLINE void storeSample(Sample* p, Sample v) {
   __builtin_memcpy(p, &v, sizeof v);
 }
 
-// Conversions as the processor makes them: truncation toward zero, and rounding to nearest
-// with ties to even (under the default rounding mode). Out of range, they give INT_MIN.
+// Conversions as the processor makes them: truncation toward zero (out of range, INT_MIN).
+// Rounding to nearest is roundToInt of the tier helpers.
 QV_INLINE int truncToInt(double v) { return _mm_cvttsd_si32(_mm_set_sd(v)); }
 QV_INLINE int truncToInt(float v) { return _mm_cvttss_si32(_mm_set_ss(v)); }
-QV_INLINE int roundToInt(double v) { return _mm_cvtsd_si32(_mm_set_sd(v)); }
-QV_INLINE int roundToInt(float v) { return _mm_cvtss_si32(_mm_set_ss(v)); }
 
 QV_INLINE double floorOf(double v) { return __builtin_floor(v); }
 QV_INLINE double ceilOf(double v) { return __builtin_ceil(v); }

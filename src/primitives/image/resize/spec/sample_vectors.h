@@ -56,30 +56,8 @@ QV_INLINE void prefetchAhead(const T* p) {
 }
 
 // One sample: rounded as the processor rounds, then saturated.
-QV_INLINE Ipp8u roundedSample8u(Ipp32f value) {
-  const int rounded = _mm_cvtss_si32(_mm_set_ss(value));
-  return static_cast<Ipp8u>(rounded < 0 ? 0 : (rounded > 255 ? 255 : rounded));
-}
-
-QV_INLINE Ipp16u roundedSample16u(Ipp32f value) {
-  const int rounded = _mm_cvtss_si32(_mm_set_ss(value));
-  return static_cast<Ipp16u>(rounded < 0 ? 0 : (rounded > 65535 ? 65535 : rounded));
-}
-
 QV_INLINE void storeRoundedSample(Ipp8u* out, Ipp32f value) { *out = roundedSample8u(value); }
 QV_INLINE void storeRoundedSample(Ipp16u* out, Ipp32f value) { *out = roundedSample16u(value); }
-
-// Eight rounded 32-bit values saturated to unsigned 16 bits.
-QV_INLINE __m128i packUnsignedWords(__m128i low, __m128i high) {
-#if QV_TIER_LEVEL >= 3
-  return _mm_packus_epi32(low, high);
-#else
-  // Shifted into the signed range, packed with signed saturation, and shifted back.
-  const __m128i bias = _mm_set1_epi32(32768);
-  const __m128i packed = _mm_packs_epi32(_mm_sub_epi32(low, bias), _mm_sub_epi32(high, bias));
-  return _mm_xor_si128(packed, _mm_set1_epi16(static_cast<short>(0x8000)));
-#endif
-}
 
 // One pixel.
 QV_INLINE void storeRoundedPixel(Ipp8u* out, __m128 v) {

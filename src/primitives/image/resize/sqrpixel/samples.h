@@ -28,29 +28,9 @@ QV_INLINE __m128 widenPixel(const Ipp16u* p) {
 #endif
 }
 
-// Rounds by the processor's default mode: to nearest, ties to even.
-QV_INLINE int roundToInt(float v) { return _mm_cvtss_si32(_mm_set_ss(v)); }
-
-QV_INLINE void storeSample(Ipp8u* p, float v) {
-  const int r = roundToInt(v);
-  *p = static_cast<Ipp8u>(r < 0 ? 0 : r > 255 ? 255 : r);
-}
-
-QV_INLINE void storeSample(Ipp16u* p, float v) {
-  const int r = roundToInt(v);
-  *p = static_cast<Ipp16u>(r < 0 ? 0 : r > 65535 ? 65535 : r);
-}
-
-// Eight rounded integers saturated to 16 unsigned bits.
-QV_INLINE __m128i packUnsignedWords(__m128i low, __m128i high) {
-#if QV_TIER_LEVEL >= 3
-  return _mm_packus_epi32(low, high);
-#else
-  const __m128i bias = _mm_set1_epi32(32768);
-  const __m128i packed = _mm_packs_epi32(_mm_sub_epi32(low, bias), _mm_sub_epi32(high, bias));
-  return _mm_xor_si128(packed, _mm_set1_epi16(static_cast<short>(0x8000)));
-#endif
-}
+// One sample, rounded and saturated.
+QV_INLINE void storeSample(Ipp8u* p, float v) { *p = roundedSample8u(v); }
+QV_INLINE void storeSample(Ipp16u* p, float v) { *p = roundedSample16u(v); }
 
 // Eight floats rounded and saturated into eight samples.
 QV_INLINE void storeEight(Ipp8u* p, __m128 low, __m128 high) {
