@@ -10,46 +10,20 @@
 #include <thread>
 
 #include "classes/strips.h"
-#include "platform/processor_count.h"
 #include "qvimage/QVILConversion.h"
 #include "qvimage/QVILSharedInternal.h"
 #include "support/images.h"
+#include "support/played_processor_counts.h"
 
 namespace {
 
-// A machine with a chosen number of processors; counts how often each count is read.
-struct PlaybackCounts {
-  static inline uint32_t logical = 8;
-  static inline uint32_t physical = 4;
-  static inline int logicalReads = 0;
-  static inline int physicalReads = 0;
-  static uint32_t readLogical() {
-    ++logicalReads;
-    return logical;
-  }
-  static uint32_t readPhysical() {
-    ++physicalReads;
-    return physical;
-  }
-};
+using qvtest::PlayedProcessorCounts;
 
 class Strips : public ::testing::Test {
  protected:
   void SetUp() override { play(8, 4); }
-  void TearDown() override {
-    qv::platform::setProcessorCountSource(nullptr);
-    qv::frame::forgetProcessorCounts();
-  }
-
-  static void play(uint32_t logical, uint32_t physical) {
-    static const qv::platform::ProcessorCountSource source{PlaybackCounts::readLogical, PlaybackCounts::readPhysical};
-    PlaybackCounts::logical = logical;
-    PlaybackCounts::physical = physical;
-    PlaybackCounts::logicalReads = 0;
-    PlaybackCounts::physicalReads = 0;
-    qv::platform::setProcessorCountSource(&source);
-    qv::frame::forgetProcessorCounts();
-  }
+  void TearDown() override { PlayedProcessorCounts::stop(); }
+  static void play(uint32_t logical, uint32_t physical) { PlayedProcessorCounts::play(logical, physical); }
 
   static uint32_t stripCount(uint32_t options) {
     return qv::frame::planStrips(qv::frame::processorCountForOptions(options), options, 1000).count;
@@ -82,12 +56,12 @@ TEST_F(Strips, ModeZeroNeverAsksForTheCount) {
     EXPECT_EQ(qv::frame::processorCountForOptions(option(0, limit)), 1u);
     EXPECT_FALSE(qv::frame::copyShouldSplit(4000, 4000, option(0, limit), 1));
   }
-  EXPECT_EQ(PlaybackCounts::logicalReads + PlaybackCounts::physicalReads, 0);
+  EXPECT_EQ(PlayedProcessorCounts::reads(), 0);
 }
 
 TEST_F(Strips, LimitOneNeverAsksForTheCount) {
   for (uint32_t mode : {1u, 2u, 3u, 0xFFFFu}) EXPECT_EQ(qv::frame::processorCountForOptions(option(mode, 1)), 1u);
-  EXPECT_EQ(PlaybackCounts::logicalReads + PlaybackCounts::physicalReads, 0);
+  EXPECT_EQ(PlayedProcessorCounts::reads(), 0);
 }
 
 TEST_F(Strips, CountsAreReadOnceAndKept) {
@@ -95,8 +69,8 @@ TEST_F(Strips, CountsAreReadOnceAndKept) {
   qv::frame::processorCountForOptions(1);
   qv::frame::processorCountForOptions(2);
   qv::frame::processorCountForOptions(2);
-  EXPECT_EQ(PlaybackCounts::logicalReads, 1);
-  EXPECT_EQ(PlaybackCounts::physicalReads, 1);
+  EXPECT_EQ(PlayedProcessorCounts::logicalReads, 1);
+  EXPECT_EQ(PlayedProcessorCounts::physicalReads, 1);
 }
 
 TEST_F(Strips, CopySplitsOnlyAbove500InBothDirections) {
@@ -113,15 +87,15 @@ TEST_F(Strips, FailedCountReadGivesOneCallForTheLifeOfTheProcess) {
   play(0, 0);
   EXPECT_EQ(QVILSharedInternal::numberOfAvailableLogicalCPUs(), 0u);
   EXPECT_EQ(QVILSharedInternal::numberOfAvailablePhysicalCPUs(), 0u);
-  PlaybackCounts::logical = 8;  // the machine recovers, the cached 0 stays
-  PlaybackCounts::physical = 4;
+  PlayedProcessorCounts::logical = 8;  // the machine recovers, the cached 0 stays
+  PlayedProcessorCounts::physical = 4;
   for (uint32_t options : {1u, 2u, option(1, 16)}) {
     const uint32_t processors = qv::frame::processorCountForOptions(options);
     EXPECT_EQ(processors, 0u);
     EXPECT_FALSE(qv::frame::copyShouldSplit(4000, 4000, options, processors));
   }
-  EXPECT_EQ(PlaybackCounts::logicalReads, 1);
-  EXPECT_EQ(PlaybackCounts::physicalReads, 1);
+  EXPECT_EQ(PlayedProcessorCounts::logicalReads, 1);
+  EXPECT_EQ(PlayedProcessorCounts::physicalReads, 1);
 }
 
 TEST_F(Strips, RunStripsCoversEveryRowOnce) {

@@ -8,31 +8,19 @@
 #include <vector>
 
 #include "classes/strips.h"
-#include "platform/processor_count.h"
 #include "qvimage/QVILResize.h"
 #include "qvimage/qvimage.h"
 #include "resize/allocation_log.h"
 #include "resize/resize_reference.h"
 #include "support/images.h"
 #include "support/log_capture.h"
+#include "support/played_processor_counts.h"
 
 namespace {
 
-using resizetest::AllocationLog;
+using qvtest::PlayedProcessorCounts;
 
-// A machine with a chosen number of processors; counts how often a count is read.
-struct PlaybackCounts {
-  static inline uint32_t logical = 8, physical = 4;
-  static inline int reads = 0;
-  static uint32_t readLogical() {
-    ++reads;
-    return logical;
-  }
-  static uint32_t readPhysical() {
-    ++reads;
-    return physical;
-  }
-};
+using resizetest::AllocationLog;
 
 constexpr uint32_t option(uint32_t mode, uint32_t limit) { return mode | (limit << 16); }
 
@@ -64,18 +52,8 @@ class ResizeEngines : public ::testing::Test {
     QVILResize::sharedInstance();
     play(8, 4);
   }
-  void TearDown() override {
-    qv::platform::setProcessorCountSource(nullptr);
-    qv::frame::forgetProcessorCounts();
-  }
-  static void play(uint32_t logical, uint32_t physical) {
-    static const qv::platform::ProcessorCountSource source{PlaybackCounts::readLogical, PlaybackCounts::readPhysical};
-    PlaybackCounts::logical = logical;
-    PlaybackCounts::physical = physical;
-    PlaybackCounts::reads = 0;
-    qv::platform::setProcessorCountSource(&source);
-    qv::frame::forgetProcessorCounts();
-  }
+  void TearDown() override { PlayedProcessorCounts::stop(); }
+  static void play(uint32_t logical, uint32_t physical) { PlayedProcessorCounts::play(logical, physical); }
 };
 
 // Source and destination images of one case, with padded rows and canaries.
@@ -209,7 +187,7 @@ TEST_F(ResizeEngines, TheOptionWordChoosesTheStripCount) {
     ASSERT_EQ(log.requests().size(), 3u);
     EXPECT_EQ(log.requests()[2], expected);
     // Mode 0 and limit 1 do not ask for the processor count.
-    EXPECT_EQ(PlaybackCounts::reads, c.reads);
+    EXPECT_EQ(PlayedProcessorCounts::reads(), c.reads);
   }
   // Fewer than two processors, or a failed read (0), run on the calling thread.
   for (uint32_t processors : {0u, 1u}) {
